@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/UserDatabase.h"
+
+namespace velmora::model {
+
+class FoodDatabase;
+
+// Turns the shared data into the example user's installation: current user 0, the single name
+// "Example User", and the default definitions appended: 9 exercise fields (Reps, Weight, Pace,
+// Comment, Time, Level, Location, Max. HR, Ave. HR), 20 strength exercises with the first four
+// fields and 12 endurance exercises with fields 3 to 9, identifiers from counters 2 and 3.
+void createExampleUser(SharedData& shared);
+
+// A new user's profile record: the defaults of User, with the goal list of a new user from the
+// food database (empty when no food database is loaded).
+User newUserProfile(const FoodDatabase& foods);
+
+} // namespace velmora::model
