@@ -1,0 +1,115 @@
+// Writes seed inputs for the fuzz targets with the project's own writers:
+//   fuzz_make_seeds OUTDIR  ->  OUTDIR/foods/*, OUTDIR/shared/*, OUTDIR/user/*
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "model/Defaults.h"
+#include "model/FoodDatabase.h"
+#include "model/UserDatabase.h"
+
+using namespace velmora::model;
+namespace fs = std::filesystem;
+
+namespace {
+
+void put(const fs::path& file, const std::vector<std::uint8_t>& bytes)
+{
+    fs::create_directories(file.parent_path());
+    std::ofstream out(file, std::ios::binary);
+    out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
+
+FoodDatabase smallFoods()
+{
+    FoodDatabase db;
+    db.setCatalogue({{203, "g", "Protein (g)"}, {204, "g", "Fat (g)"}, {205, "g", "Carbohydrate (g)"},
+                     {208, "kcal", "Energy (kcal)"}, {291, "g", "Fiber (g)"}, {505, "g", "Lysine (g)"}});
+    FoodItem egg;
+    egg.number = 1123;
+    egg.group = 100;
+    egg.name = "Egg, whole, raw, fresh";
+    egg.values[0] = 12.56f;
+    egg.values[1] = 9.51f;
+    egg.values[3] = 143.0f;
+    egg.values[5] = 0.912f;
+    egg.measures = {{50.0f, "large"}, {243.0f, "cup (4.86 large eggs)"}};
+    db.addFood(egg);
+    FoodItem bread = egg;
+    bread.number = 18069;
+    bread.group = 1800;
+    bread.name = std::string("Bread, white, commercially prepared \xE9"); // a Windows-1252 byte
+    bread.measures = {{25.0f, "slice"}};
+    db.addFood(bread);
+    db.addGroup({100, "Dairy and Egg Products"});
+    db.addGroup({1800, "Baked Products"});
+    db.addGroup({FoodDatabase::SourceGroupNumber, "USDA SR24"});
+    IntakeRecord protein;
+    protein.nutrient = 203;
+    for (int g = 0; g < LifeStageGroupCount; ++g)
+        protein.recommended[static_cast<std::size_t>(g)] = 10.0f + static_cast<float>(g);
+    protein.setUpperLimit(6, 100.0f);
+    db.addIntake(protein);
+    return db;
+}
+
+UserJournal smallJournal()
+{
+    UserJournal j;
+    j.user.goalNutrients = {208, 203};
+    j.user.goalValues = {2000.0f, 56.0f};
+    for (int d = 0; d < 3; ++d) {
+        JournalDay day;
+        day.date = 1700000000 + d * 86400;
+        day.health.weight = 150.0f + static_cast<float>(d);
+        day.health.variables.push_back({1, 2.5f, "with water", day.date});
+        Meal meal;
+        meal.kind = static_cast<std::uint8_t>(d);
+        meal.time = day.date + 8 * 3600;
+        meal.entries = {{1123, 1.0f}, {70000, 2.0f}};
+        day.meals.push_back(meal);
+        WorkoutEntry w;
+        w.routine = 1;
+        w.calories = 300;
+        w.time = day.date + 18 * 3600;
+        w.notes = "steady";
+        w.exercises.push_back({1, 0, w.time, {{1, "10"}, {2, "135"}}});
+        day.workouts.push_back(w);
+        day.notes[2] = "ate well";
+        j.days.push_back(day);
+    }
+    return j;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: fuzz_make_seeds OUTDIR\n");
+        return 2;
+    }
+    const fs::path out = argv[1];
+    put(out / "foods" / "small.db", smallFoods().serialize());
+    put(out / "foods" / "empty.db", FoodDatabase().serialize());
+
+    SharedData shared;
+    createExampleUser(shared);
+    FoodItem custom;
+    custom.number = shared.counters.take(IdCounters::CustomFood);
+    custom.name = "Apple pie";
+    custom.servingWeight = 150.0f;
+    custom.values[0] = 3.0f;
+    shared.customFoods.push_back(custom);
+    shared.routines.push_back({1, 250, "Morning", {1, 2, 3}});
+    shared.variables.push_back({1, "Vitamin c", 500.0f, "mg", 1700000000, 0, 1, 1});
+    put(out / "shared" / "example.db", shared.serialize());
+    put(out / "shared" / "empty.db", SharedData().serialize());
+
+    put(out / "user" / "small.db", smallJournal().serialize());
+    put(out / "user" / "empty.db", UserJournal().serialize());
+    return 0;
+}
