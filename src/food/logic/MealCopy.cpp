@@ -1,0 +1,36 @@
+#include "food/logic/MealCopy.h"
+
+#include "food/logic/MealEditing.h"
+
+namespace velmora::food {
+
+const model::JournalDay* defaultCopySource(const std::vector<model::JournalDay>& days,
+                                           const model::CalendarDate& date, int kind)
+{
+    const model::JournalDay* best = nullptr;
+    model::CalendarDate bestDate;
+    for (const model::JournalDay& d : days) {
+        const model::CalendarDate when = model::CalendarDate::fromTime(d.date);
+        if (!(when < date))
+            continue;
+        const model::Meal* meal = d.findMeal(kind);
+        if (!meal || meal->entries.empty())
+            continue;
+        if (!best || bestDate < when) {
+            best = &d;
+            bestDate = when;
+        }
+    }
+    return best;
+}
+
+int copyMealEntries(const model::Meal& from, model::Meal& to)
+{
+    // A copy of the source first: from and to may be the same meal.
+    const std::vector<model::FoodEntry> entries = from.entries;
+    for (const model::FoodEntry& e : entries)
+        addToMeal(to, e.food, e.amount);
+    return static_cast<int>(entries.size());
+}
+
+} // namespace velmora::food
