@@ -36,7 +36,10 @@ constexpr std::array<UsdaGroup, 25> Groups{{
 
 } // namespace
 
-std::span<const UsdaGroup> usdaGroups() { return Groups; }
+std::span<const UsdaGroup> usdaGroups()
+{
+    return Groups;
+}
 
 std::string_view usdaGroupName(int number)
 {

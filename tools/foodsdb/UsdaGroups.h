@@ -6,7 +6,8 @@
 namespace velmora::foodsdb {
 
 // A USDA food group: the code as an integer (0100 -> 100) and its name.
-struct UsdaGroup {
+struct UsdaGroup
+{
     int number;
     std::string_view name;
 };
