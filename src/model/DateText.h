@@ -30,7 +30,7 @@ bool sameDay(TimeT a, TimeT b);
 std::string longDateText(TimeT t);
 // Metric: "21/11" or "21/11/2026"; imperial: "11/21" or "11/21/2026". No zero padding.
 std::string shortDateText(TimeT t, bool metric, bool withYear);
-// Metric: "7:5" style is avoided by the design's rule: "%d:%d", or "%d:0%d" below 10 minutes;
+// Metric: 24-hour "%d:%d", or "%d:0%d" below 10 minutes (so 7:05, never 7:5);
 // imperial: 12-hour with " AM"/" PM", hours 0 and 12 show as 12.
 std::string timeText(TimeT t, bool metric);
 // The same texts from broken-down fields (tests and callers that already hold them).

@@ -9,8 +9,13 @@ class FoodDatabase;
 // Turns the shared data into the example user's installation: current user 0, the single name
 // "Example User", and the default definitions appended: 9 exercise fields (Reps, Weight, Pace,
 // Comment, Time, Level, Location, Max. HR, Ave. HR), 20 strength exercises with the first four
-// fields and 12 endurance exercises with fields 3 to 9, identifiers from counters 2 and 3.
+// fields and 12 endurance exercises with the last seven (Pace .. Ave. HR), identifiers from
+// counters 2 and 3.
 void createExampleUser(SharedData& shared);
+
+// The example user's fitness log columns: the fields Reps, Weight and Time of shared (by name,
+// first match), the other slots unused.
+void applyExampleProfile(User& user, const SharedData& shared);
 
 // A new user's profile record: the defaults of User, with the goal list of a new user from the
 // food database (empty when no food database is loaded).

@@ -34,16 +34,19 @@ public:
     // What the start-up load found.
     struct LoadReport
     {
-        bool foodsLoaded = false;   // "foods.db" read completely
-        bool sharedLoaded = false;  // "velmora.db" read completely
-        bool exampleCreated = false;// "velmora.db" missing: the example user was made
-        bool userFileRead = false;  // the current user's file was read
+        bool foodsLoaded = false;      // "foods.db" read completely
+        bool sharedLoaded = false;     // "velmora.db" read completely
+        bool exampleCreated = false;   // "velmora.db" missing: the example user was made
+        bool userFileRead = false;     // the current user's file was read
         std::vector<FileError> errors; // damaged or unreadable files (missing files are not errors)
     };
 
     // The start-up sequence: "foods.db"; when it cannot be read nothing else is loaded. Then
     // "velmora.db" (or the example user when it is missing) and its normalisation, then the
-    // current user's file and the normalisation again.
+    // current user's file and the normalisation again. Files are read whole into fresh records
+    // and taken over only when complete. A damaged "velmora.db" is reported, nothing after it is
+    // loaded, and it is protected: saveShared() then refuses to write over it. The same holds for
+    // a damaged user file and saveCurrentUser().
     LoadReport load();
     // Reads the current user's file (creating the example user when no name exists). A missing
     // file leaves an empty journal and keeps the profile record in memory as it is. Returns
@@ -81,9 +84,15 @@ public:
     // Current user's name, or an empty text when there is none.
     std::string currentUserName() const;
 
+    // True while a file found damaged at load is protected from being written over.
+    bool sharedProtected() const { return m_sharedDamaged; }
+    bool userFileProtected() const { return m_userDamaged; }
+
 private:
     std::filesystem::path m_foodsPath;
     std::filesystem::path m_dataDir;
+    bool m_sharedDamaged = false;
+    bool m_userDamaged = false;
 };
 
 } // namespace velmora::model

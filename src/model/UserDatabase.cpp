@@ -1,0 +1,346 @@
+#include "model/UserDatabase.h"
+
+#include <algorithm>
+
+namespace velmora::model {
+
+namespace {
+
+// Smallest possible size of each record, for checking counts against the bytes left.
+constexpr std::size_t MinCustomFoodSize = 4 + 4 + 1 + 4 + StoredNutrientCount * 4;
+constexpr std::size_t MinFieldSize = 4 + 1 + 4;
+constexpr std::size_t MinExerciseSize = 4 + 1 + 4;
+constexpr std::size_t MinRoutineSize = 4 + 4 + 1 + 4;
+constexpr std::size_t MinVariableSize = 4 + 1 + 4 + 1 + 4 + 3 * 4;
+constexpr std::size_t MinVariableUseSize = 4 + 1 + 4 + 4;
+constexpr std::size_t MinHealthSize = 4 + 10 * 4 + 1 + MeasurementCount * 4 + 4;
+constexpr std::size_t MinDaySize = 4 + MinHealthSize + 4 + 4 + NoteCategoryCount;
+constexpr std::size_t MinMealSize = 4 + 1 + 4;
+constexpr std::size_t EntrySize = 4 + 4;
+constexpr std::size_t MinWorkoutSize = 4 + 4 + 4 + 1 + 4;
+constexpr std::size_t MinRecordSize = 4 + 4 + 4 + 4;
+constexpr std::size_t MinValueSize = 4 + 1;
+
+void readIdList(ArchiveReader& in, std::vector<std::int32_t>& ids)
+{
+    const std::size_t n = in.count(4);
+    ids.clear();
+    ids.reserve(n);
+    for (std::size_t i = 0; i < n; ++i)
+        ids.push_back(in.i32());
+}
+
+void writeIdList(ArchiveWriter& out, const std::vector<std::int32_t>& ids)
+{
+    out.count(ids.size());
+    for (std::int32_t id : ids)
+        out.i32(id);
+}
+
+void readMeal(ArchiveReader& in, Meal& meal)
+{
+    meal.time = in.time();
+    meal.kind = in.u8();
+    const std::size_t n = in.count(EntrySize);
+    meal.entries.resize(n);
+    for (FoodEntry& e : meal.entries) {
+        e.food = in.i32();
+        e.amount = in.f32();
+    }
+}
+
+void readWorkout(ArchiveReader& in, WorkoutEntry& w)
+{
+    w.routine = in.i32();
+    w.calories = in.i32();
+    w.time = in.time();
+    w.notes = in.text();
+    const std::size_t records = in.count(MinRecordSize);
+    w.exercises.resize(records);
+    for (ExerciseRecord& r : w.exercises) {
+        r.exercise = in.i32();
+        r.setNumber = in.i32();
+        r.time = in.time();
+        const std::size_t values = in.count(MinValueSize);
+        r.values.resize(values);
+        for (ExerciseValue& v : r.values) {
+            v.field = in.i32();
+            v.value = in.text();
+        }
+    }
+}
+
+} // namespace
+
+void readHealthEntry(ArchiveReader& in, HealthEntry& h)
+{
+    h.wakeTime = in.time();
+    h.height = in.f32();
+    h.weight = in.f32();
+    h.systolic = in.f32();
+    h.diastolic = in.f32();
+    h.sleep = in.f32();
+    h.pulse = in.f32();
+    h.bodyFat = in.f32();
+    h.bmi = in.f32();
+    h.temperature = in.f32(); // temperature is stored before VO2 max
+    h.vo2Max = in.f32();
+    h.mood = in.i8();
+    for (float& m : h.measurements)
+        m = in.f32();
+    const std::size_t uses = in.count(MinVariableUseSize);
+    h.variables.resize(uses);
+    for (VariableUse& u : h.variables) {
+        u.variable = in.i32();
+        u.text = in.text();
+        u.number = in.f32();
+        u.time = in.time();
+    }
+}
+
+void writeHealthEntry(ArchiveWriter& out, const HealthEntry& h)
+{
+    out.time(h.wakeTime);
+    out.f32(h.height);
+    out.f32(h.weight);
+    out.f32(h.systolic);
+    out.f32(h.diastolic);
+    out.f32(h.sleep);
+    out.f32(h.pulse);
+    out.f32(h.bodyFat);
+    out.f32(h.bmi);
+    out.f32(h.temperature);
+    out.f32(h.vo2Max);
+    out.i8(h.mood);
+    for (float m : h.measurements)
+        out.f32(m);
+    out.count(h.variables.size());
+    for (const VariableUse& u : h.variables) {
+        out.i32(u.variable);
+        out.text(u.text);
+        out.f32(u.number);
+        out.time(u.time);
+    }
+}
+
+void readJournalDay(ArchiveReader& in, JournalDay& day)
+{
+    day.date = in.time();
+    readHealthEntry(in, day.health);
+    const std::size_t meals = in.count(MinMealSize);
+    day.meals.resize(meals);
+    for (Meal& m : day.meals)
+        readMeal(in, m);
+    const std::size_t workouts = in.count(MinWorkoutSize);
+    day.workouts.resize(workouts);
+    for (WorkoutEntry& w : day.workouts)
+        readWorkout(in, w);
+    for (std::string& note : day.notes)
+        note = in.text();
+}
+
+void writeJournalDay(ArchiveWriter& out, const JournalDay& day)
+{
+    out.time(day.date);
+    writeHealthEntry(out, day.health);
+    out.count(day.meals.size());
+    for (const Meal& m : day.meals) {
+        out.time(m.time);
+        out.u8(m.kind);
+        out.count(m.entries.size());
+        for (const FoodEntry& e : m.entries) {
+            out.i32(e.food);
+            out.f32(e.amount);
+        }
+    }
+    out.count(day.workouts.size());
+    for (const WorkoutEntry& w : day.workouts) {
+        out.i32(w.routine);
+        out.i32(w.calories);
+        out.time(w.time);
+        out.text(w.notes);
+        out.count(w.exercises.size());
+        for (const ExerciseRecord& r : w.exercises) {
+            out.i32(r.exercise);
+            out.i32(r.setNumber);
+            out.time(r.time);
+            out.count(r.values.size());
+            for (const ExerciseValue& v : r.values) {
+                out.i32(v.field);
+                out.text(v.value);
+            }
+        }
+    }
+    for (const std::string& note : day.notes)
+        out.text(note);
+}
+
+Result<SharedData> SharedData::parse(std::span<const std::uint8_t> bytes,
+                                     const std::string& fileName)
+{
+    return parseArchive<SharedData>(bytes, fileName, [](ArchiveReader& in) {
+        SharedData d;
+        d.version = in.i32();
+        d.oldFormatVersion = d.version < CurrentFormatVersion ? d.version : 0;
+        d.header1 = in.text();
+        d.header2 = in.text();
+        for (auto& c : d.counters.values)
+            c = in.i32();
+        d.currentUser = in.u8();
+        const std::size_t names = in.u8();
+        d.userNames.reserve(names);
+        for (std::size_t i = 0; i < names; ++i)
+            d.userNames.push_back(in.text());
+
+        const std::size_t foods = in.count(MinCustomFoodSize);
+        d.customFoods.resize(foods);
+        for (FoodItem& f : d.customFoods) {
+            f.number = in.i32();
+            f.group = in.i32();
+            f.name = in.text();
+            f.servingWeight = in.f32();
+            for (float& v : f.values)
+                v = in.f32();
+        }
+
+        const std::size_t fields = in.count(MinFieldSize);
+        d.fields.resize(fields);
+        for (ExerciseField& f : d.fields) {
+            f.id = in.i32();
+            f.name = in.text();
+            f.kind = in.i32();
+        }
+
+        const std::size_t exercises = in.count(MinExerciseSize);
+        d.exercises.resize(exercises);
+        for (Exercise& e : d.exercises) {
+            e.id = in.i32();
+            e.name = in.text();
+            readIdList(in, e.fields);
+        }
+
+        const std::size_t routines = in.count(MinRoutineSize);
+        d.routines.resize(routines);
+        for (Routine& r : d.routines) {
+            r.id = in.i32();
+            r.calories = in.i32();
+            r.name = in.text();
+            readIdList(in, r.exercises);
+        }
+
+        const std::size_t variables = in.count(MinVariableSize);
+        d.variables.resize(variables);
+        for (UserVariable& v : d.variables) {
+            v.id = in.i32();
+            v.name = in.text();
+            v.number = in.f32();
+            v.text = in.text();
+            v.time = in.time();
+            v.askNumber = in.i32();
+            v.askText = in.i32();
+            v.askTime = in.i32();
+        }
+        return d;
+    });
+}
+
+std::vector<std::uint8_t> SharedData::serialize() const
+{
+    ArchiveWriter out;
+    out.reserve(4096 + customFoods.size() * (MinCustomFoodSize + 32));
+    out.i32(CurrentFormatVersion);
+    out.text(header1);
+    out.text(header2);
+    for (std::int32_t c : counters.values)
+        out.i32(c);
+    out.u8(currentUser);
+    // The count is one byte: never more than 255 names are written.
+    const std::size_t names = std::min(userNames.size(), MaxUserNames);
+    out.u8(static_cast<std::uint8_t>(names));
+    for (std::size_t i = 0; i < names; ++i)
+        out.text(userNames[i]);
+
+    out.count(customFoods.size());
+    for (const FoodItem& f : customFoods) {
+        out.i32(f.number);
+        out.i32(f.group);
+        out.text(f.name);
+        out.f32(f.servingWeight);
+        for (float v : f.values)
+            out.f32(v);
+    }
+    out.count(fields.size());
+    for (const ExerciseField& f : fields) {
+        out.i32(f.id);
+        out.text(f.name);
+        out.i32(f.kind);
+    }
+    out.count(exercises.size());
+    for (const Exercise& e : exercises) {
+        out.i32(e.id);
+        out.text(e.name);
+        writeIdList(out, e.fields);
+    }
+    out.count(routines.size());
+    for (const Routine& r : routines) {
+        out.i32(r.id);
+        out.i32(r.calories);
+        out.text(r.name);
+        writeIdList(out, r.exercises);
+    }
+    out.count(variables.size());
+    for (const UserVariable& v : variables) {
+        out.i32(v.id);
+        out.text(v.name);
+        out.f32(v.number);
+        out.text(v.text);
+        out.time(v.time);
+        out.i32(v.askNumber);
+        out.i32(v.askText);
+        out.i32(v.askTime);
+    }
+    return out.take();
+}
+
+Result<UserJournal> UserJournal::parse(std::span<const std::uint8_t> bytes,
+                                       const std::string& fileName)
+{
+    return parseArchive<UserJournal>(bytes, fileName, [](ArchiveReader& in) {
+        UserJournal j;
+        j.user.read(in);
+        const std::size_t days = in.count(MinDaySize);
+        j.days.resize(days);
+        for (JournalDay& d : j.days)
+            readJournalDay(in, d);
+        return j;
+    });
+}
+
+std::vector<std::uint8_t> UserJournal::serialize() const
+{
+    ArchiveWriter out;
+    out.reserve(1024 + days.size() * 1024);
+    user.write(out);
+    out.count(days.size());
+    for (const JournalDay& d : days)
+        writeJournalDay(out, d);
+    return out.take();
+}
+
+JournalDay* UserJournal::findDay(TimeT date)
+{
+    for (JournalDay& d : days)
+        if (d.date == date)
+            return &d;
+    return nullptr;
+}
+
+const JournalDay* UserJournal::findDay(TimeT date) const
+{
+    for (const JournalDay& d : days)
+        if (d.date == date)
+            return &d;
+    return nullptr;
+}
+
+} // namespace velmora::model

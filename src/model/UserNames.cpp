@@ -1,0 +1,110 @@
+#include "model/UserNames.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+namespace velmora::model {
+
+namespace {
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+std::string upperAscii(std::string_view s)
+{
+    std::string out(s);
+    for (char& c : out)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    return out;
+}
+
+bool isReserved(std::string_view name)
+{
+    if (name == "." || name == "..")
+        return true;
+    // Reserved device names, also when followed by an extension ("nul.txt").
+    const std::string stem = upperAscii(name.substr(0, name.find('.')));
+    static const std::array<const char*, 4> plain = {"CON", "PRN", "AUX", "NUL"};
+    for (const char* p : plain)
+        if (stem == p)
+            return true;
+    if (stem.size() == 4 && (stem.starts_with("COM") || stem.starts_with("LPT")) &&
+        stem[3] >= '1' && stem[3] <= '9')
+        return true;
+    return false;
+}
+
+} // namespace
+
+NameProblem checkUserName(std::string_view name)
+{
+    if (std::all_of(name.begin(), name.end(), isBlank))
+        return NameProblem::Empty;
+    for (char ch : name) {
+        const auto c = static_cast<unsigned char>(ch);
+        if (c < 0x20 || c == 0x7F)
+            return NameProblem::BadCharacter;
+        if (std::string_view("<>:\"/\\|?*").find(ch) != std::string_view::npos)
+            return NameProblem::BadCharacter;
+    }
+    if (isReserved(name))
+        return NameProblem::ReservedName;
+    if (isBlank(name.front()) || isBlank(name.back()) || name.front() == '.' || name.back() == '.')
+        return NameProblem::LeadingOrTrailing;
+    if (name.size() + 3 > 200)
+        return NameProblem::TooLong;
+    return NameProblem::None;
+}
+
+std::string nameProblemText(NameProblem p)
+{
+    switch (p) {
+    case NameProblem::None:
+        return {};
+    case NameProblem::Empty:
+        return "The name is empty.";
+    case NameProblem::TooLong:
+        return "The name is too long.";
+    case NameProblem::BadCharacter:
+        return "The name may not contain control characters or any of < > : \" / \\ | ? *";
+    case NameProblem::ReservedName:
+        return "The name is reserved by the operating system.";
+    case NameProblem::LeadingOrTrailing:
+        return "The name may not begin or end with a blank or a dot.";
+    }
+    return {};
+}
+
+std::string capitaliseFirst(std::string name)
+{
+    if (name.empty())
+        return name;
+    auto c = static_cast<unsigned char>(name[0]);
+    if (c >= 'a' && c <= 'z')
+        c = static_cast<unsigned char>(c - 'a' + 'A');
+    else if (c >= 0xE0 && c <= 0xFE && c != 0xF7)
+        c = static_cast<unsigned char>(c - 0x20);
+    else if (c == 0x9A || c == 0x9C || c == 0x9E)
+        c = static_cast<unsigned char>(c - 0x10);
+    else if (c == 0xFF)
+        c = 0x9F;
+    name[0] = static_cast<char>(c);
+    return name;
+}
+
+std::string trimBlanks(std::string_view s)
+{
+    std::size_t b = 0;
+    std::size_t e = s.size();
+    while (b < e && isBlank(s[b]))
+        ++b;
+    while (e > b && isBlank(s[e - 1]))
+        --e;
+    return std::string(s.substr(b, e - b));
+}
+
+} // namespace velmora::model
