@@ -18,7 +18,8 @@ namespace {
 class TitlePage : public Page
 {
 public:
-    TitlePage(const QString& title, AppContext& context, QWidget* parent) : Page(context, parent), m_title(title)
+    TitlePage(const QString& title, AppContext& context, QWidget* parent)
+        : Page(context, parent), m_title(title)
     {
         auto* layout = new QVBoxLayout(this);
         auto* label = new QLabel(title, this);
@@ -62,12 +63,14 @@ Page* createPage(int index, AppContext& context, QWidget* parent)
 
 void openFoodFinder(AppContext& context)
 {
-    update::showMessageText(context.mainWindow(), QStringLiteral("The Food Finder is not available yet."));
+    update::showMessageText(context.mainWindow(),
+                            QStringLiteral("The Food Finder is not available yet."));
 }
 
 void openDietGoals(AppContext& context)
 {
-    update::showMessageText(context.mainWindow(), QStringLiteral("The Diet Goals are not available yet."));
+    update::showMessageText(context.mainWindow(),
+                            QStringLiteral("The Diet Goals are not available yet."));
 }
 
 } // namespace velmora::app

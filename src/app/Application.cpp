@@ -1,0 +1,198 @@
+// Start-up: the data folder, the store, the style, the main window and the start-up dialogs.
+
+#include "app/Application.h"
+
+#include <cstdio>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QPalette>
+#include <QStandardPaths>
+#include <QStyleFactory>
+#include <QTemporaryFile>
+#include <QTimer>
+
+#include "app/InitialSetupDialog.h"
+#include "app/MainWindow.h"
+#include "app/UserSession.h"
+#include "update/Messages.h"
+#include "update/TipDialog.h"
+
+namespace velmora::app {
+
+namespace {
+
+bool folderWritable(const QString& dir)
+{
+    if (!QDir().mkpath(dir))
+        return false;
+    QTemporaryFile probe(QDir(dir).filePath(QStringLiteral(".velmora-XXXXXX")));
+    return probe.open();
+}
+
+std::filesystem::path toPath(const QString& s)
+{
+    return std::filesystem::path(s.toStdU16String());
+}
+
+} // namespace
+
+void Application::setIdentity()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Orvane"));
+    QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.31"));
+}
+
+Application::Options Application::parseArguments(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Velmora, a health and fitness journal."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption dataDir(
+        QStringLiteral("data-dir"),
+        QStringLiteral("Keep velmora.db and the users' journals in DIR."), QStringLiteral("DIR"));
+    const QCommandLineOption measure(
+        QStringLiteral("measure-startup"),
+        QStringLiteral("Print the time to the first paint of the main window and quit."));
+    parser.addOption(dataDir);
+    parser.addOption(measure);
+    parser.process(arguments);
+
+    Options options;
+    options.dataDir = parser.value(dataDir);
+    options.measureStartup = parser.isSet(measure);
+    options.startupDialogs = !options.measureStartup;
+    return options;
+}
+
+Application::Paths Application::resolvePaths(const QString& dataDirOption)
+{
+    Paths paths;
+    const QString programDir = QCoreApplication::applicationDirPath();
+    paths.dataDir = QDir(dataDirOption.isEmpty() ? programDir : dataDirOption).absolutePath();
+    if (!folderWritable(paths.dataDir)) {
+        const QString perUser = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+        QDir().mkpath(perUser);
+        paths.dataDir = perUser;
+    }
+
+    const QString name = QStringLiteral("foods.db");
+    QStringList candidates{QDir(programDir).filePath(name), QDir(paths.dataDir).filePath(name)};
+    for (const QString& dir : QStandardPaths::standardLocations(QStandardPaths::AppDataLocation))
+        candidates.append(QDir(dir).filePath(name));
+    for (const QString& candidate : candidates) {
+        const QString clean = QDir::cleanPath(candidate);
+        if (paths.searched.contains(clean))
+            continue;
+        paths.searched.append(clean);
+        if (paths.foodsPath.isEmpty() && QFileInfo(clean).isFile())
+            paths.foodsPath = clean;
+    }
+    return paths;
+}
+
+void Application::applyStyle()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const QColor accent(0x2e, 0x7d, 0x6b);
+    QPalette p;
+    p.setColor(QPalette::Window, QColor(0xf3, 0xf5, 0xf4));
+    p.setColor(QPalette::WindowText, QColor(0x1f, 0x2b, 0x28));
+    p.setColor(QPalette::Base, Qt::white);
+    p.setColor(QPalette::AlternateBase, QColor(0xee, 0xf3, 0xf1));
+    p.setColor(QPalette::Text, QColor(0x1f, 0x2b, 0x28));
+    p.setColor(QPalette::Button, QColor(0xe9, 0xed, 0xeb));
+    p.setColor(QPalette::ButtonText, QColor(0x1f, 0x2b, 0x28));
+    p.setColor(QPalette::Highlight, accent);
+    p.setColor(QPalette::HighlightedText, Qt::white);
+    p.setColor(QPalette::Link, accent.darker(110));
+    p.setColor(QPalette::ToolTipBase, QColor(0xff, 0xfd, 0xf0));
+    p.setColor(QPalette::ToolTipText, QColor(0x1f, 0x2b, 0x28));
+    p.setColor(QPalette::PlaceholderText, QColor(0x7a, 0x86, 0x83));
+    p.setColor(QPalette::Disabled, QPalette::Text, QColor(0x9a, 0xa3, 0xa1));
+    p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x9a, 0xa3, 0xa1));
+    p.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x9a, 0xa3, 0xa1));
+    QApplication::setPalette(p);
+
+    QFile sheet(QStringLiteral(":/velmora/style.qss"));
+    if (sheet.open(QIODevice::ReadOnly))
+        qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+}
+
+Application::Application(Options options, QObject* parent)
+    : QObject(parent), m_options(std::move(options))
+{
+}
+
+Application::~Application() = default;
+
+bool Application::start()
+{
+    // The data first: nothing is shown before the store is loaded.
+    m_paths = resolvePaths(m_options.dataDir);
+    m_store.setPaths(toPath(m_paths.foodsPath.isEmpty()
+                                ? QDir(m_paths.dataDir).filePath(QStringLiteral("foods.db"))
+                                : m_paths.foodsPath),
+                     toPath(m_paths.dataDir));
+    m_report = m_store.load();
+
+    applyStyle();
+    m_window = std::make_unique<MainWindow>(m_store);
+    // Writing files that could not be read would replace the user's data with an empty store.
+    const bool loadedCleanly = m_report.foodsLoaded && m_report.errors.empty();
+    m_window->session().setSavingEnabled(loadedCleanly);
+
+    if (m_options.measureStartup) {
+        connect(m_window.get(), &MainWindow::firstPainted, this, [this] {
+            std::printf("first-paint-epoch-ms=%lld\n",
+                        static_cast<long long>(QDateTime::currentMSecsSinceEpoch()));
+            std::fflush(stdout);
+            m_window->close();
+        });
+    }
+    m_window->show();
+
+    m_store.foods.catalogue().appendComputed();
+    m_window->refreshAllPages();
+
+    if (!m_options.startupDialogs)
+        return true;
+    reportLoadProblems();
+    if (update::TipDialog::showAtStartUp()) {
+        update::TipDialog tips(m_window.get());
+        if (tips.hasTips())
+            tips.exec();
+    }
+    if (loadedCleanly && m_store.shared.userNames.size() < 2) {
+        InitialSetupDialog setup(m_window->session(), *m_window, m_window.get());
+        setup.exec();
+    }
+    return true;
+}
+
+void Application::reportLoadProblems()
+{
+    QWidget* parent = m_window.get();
+    if (!m_report.foodsLoaded) {
+        QString text = QStringLiteral(
+            "The food database \"foods.db\" could not be read, so Velmora starts empty "
+            "and will not save anything in this session.\n\nIt was looked for in:");
+        for (const QString& place : m_paths.searched)
+            text += QStringLiteral("\n  ") + QDir::toNativeSeparators(place);
+        update::showMessageText(parent, text);
+    }
+    for (const model::FileError& error : m_report.errors) {
+        update::showMessageText(
+            parent, QString::fromStdString(error.message()) +
+                        QStringLiteral("\n\nVelmora will not save anything in this session, "
+                                       "so the file is left as it is."));
+    }
+}
+
+} // namespace velmora::app

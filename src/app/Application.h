@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include "model/Store.h"
+
+namespace velmora::app {
+
+class MainWindow;
+
+// The application object: owns the data store, finds the data folder and "foods.db", loads the
+// store before any window exists, shows the main window and the start-up dialogs. The main window
+// saves both files when it closes.
+class Application : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        QString dataDir; // --data-dir DIR; empty: beside the program
+        bool measureStartup =
+            false;                  // --measure-startup: print the time to the first paint and quit
+        bool startupDialogs = true; // tips and Initial Setup (off while measuring)
+    };
+
+    struct Paths
+    {
+        QString dataDir;      // holds "velmora.db" and the users' files
+        QString foodsPath;    // "foods.db" found, or empty
+        QStringList searched; // where "foods.db" was looked for, in order
+    };
+
+    // The organisation and application names the settings are kept under.
+    static void setIdentity();
+    // Parses the command line (the program's arguments, first one the program).
+    static Options parseArguments(const QStringList& arguments);
+    // The data folder: the given one, else the program's folder; a folder that cannot be written is
+    // replaced by the per-user application data folder. "foods.db" is looked for beside the
+    // program, then in the data folder, then in the installed data folders.
+    static Paths resolvePaths(const QString& dataDirOption);
+    // Fusion with a calm palette, one accent colour and the style sheet of the resources.
+    static void applyStyle();
+
+    explicit Application(Options options, QObject* parent = nullptr);
+    ~Application() override;
+
+    // Loads the store, shows the main window, then the tip of the day and the Initial Setup
+    // dialog as needed. False when the program cannot start.
+    bool start();
+
+    model::Store& store() { return m_store; }
+    MainWindow* window() const { return m_window.get(); }
+    const Paths& paths() const { return m_paths; }
+    const model::Store::LoadReport& loadReport() const { return m_report; }
+
+private:
+    void reportLoadProblems();
+
+    Options m_options;
+    Paths m_paths;
+    model::Store m_store;
+    model::Store::LoadReport m_report;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+} // namespace velmora::app

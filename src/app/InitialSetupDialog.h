@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QDialog>
+
+namespace velmora::app {
+
+class AppContext;
+class UserSession;
+
+// "Initial Setup": shown at start while fewer than two users exist. "Next >>" makes a new user
+// current and opens the diet goals; "Skip" keeps the example user.
+class InitialSetupDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    InitialSetupDialog(UserSession& session, AppContext& context, QWidget* parent = nullptr);
+
+private:
+    void next();
+
+    UserSession& m_session;
+    AppContext& m_context;
+};
+
+} // namespace velmora::app

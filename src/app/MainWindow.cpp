@@ -1,0 +1,271 @@
+// The main window.
+
+#include "app/MainWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+#include "app/LeftForm.h"
+#include "app/OptionsDialog.h"
+#include "app/Page.h"
+#include "app/PageFactory.h"
+#include "app/PageHost.h"
+#include "app/UserLoginDialog.h"
+#include "app/UserSession.h"
+#include "model/Store.h"
+#include "model/TextCodec.h"
+#include "update/Help.h"
+#include "update/Messages.h"
+#include "update/TipDialog.h"
+#include "update/UpdateChecker.h"
+
+namespace velmora::app {
+
+namespace {
+
+// A quiet save follows the last change after this pause.
+constexpr int SaveDelayMs = 2000;
+
+} // namespace
+
+MainWindow::MainWindow(model::Store& store, QWidget* parent)
+    : QMainWindow(parent), m_store(store), m_session(std::make_unique<UserSession>(store, *this))
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    setWindowIcon(QIcon(QStringLiteral(":/velmora/icons/velmora.svg")));
+
+    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setObjectName(QStringLiteral("splitter"));
+    splitter->setChildrenCollapsible(false);
+    m_left = new LeftForm(splitter);
+    m_host = new PageHost(*this, splitter);
+    splitter->addWidget(m_left);
+    splitter->addWidget(m_host);
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    setCentralWidget(splitter);
+
+    m_saveTimer = new QTimer(this);
+    m_saveTimer->setSingleShot(true);
+    m_saveTimer->setInterval(SaveDelayMs);
+    connect(m_saveTimer, &QTimer::timeout, this, [this] { m_session->save(false, true); });
+
+    createActions();
+    statusBar()->showMessage(QString());
+    connect(m_left, &LeftForm::pageRequested, this, [this](int page) {
+        showPage(page);
+        showStatus(QString());
+    });
+
+    // At start the food page is shown, whatever was shown in an earlier run.
+    showPage(0);
+    updateTitle();
+    resize(1100, 720);
+}
+
+MainWindow::~MainWindow() = default;
+
+QAction* MainWindow::addCommand(const QString& text, const QString& icon, const QKeySequence& key,
+                                const QString& tip)
+{
+    auto* action = new QAction(text, this);
+    if (!icon.isEmpty())
+        action->setIcon(QIcon(icon));
+    if (!key.isEmpty())
+        action->setShortcut(key);
+    action->setStatusTip(tip);
+    action->setToolTip(
+        key.isEmpty() ? tip
+                      : QStringLiteral("%1 (%2)").arg(tip, key.toString(QKeySequence::NativeText)));
+    return action;
+}
+
+void MainWindow::createActions()
+{
+    QAction* login =
+        addCommand(QStringLiteral("User Login"), QStringLiteral(":/velmora/icons/user.svg"),
+                   QKeySequence(Qt::CTRL | Qt::Key_L), QStringLiteral("Change the active user"));
+    login->setObjectName(QStringLiteral("userLogin"));
+    QAction* options =
+        addCommand(QStringLiteral("Options"), QStringLiteral(":/velmora/icons/options.svg"),
+                   QKeySequence(Qt::CTRL | Qt::Key_Comma),
+                   QStringLiteral("Units, confirmations, days in lists and tips"));
+    options->setObjectName(QStringLiteral("options"));
+    QAction* goals = addCommand(
+        QStringLiteral("Diet Goals"), QStringLiteral(":/velmora/icons/goals.svg"),
+        QKeySequence(Qt::CTRL | Qt::Key_G), QStringLiteral("Set your nutritional goals"));
+    goals->setObjectName(QStringLiteral("dietGoals"));
+    QAction* finder = addCommand(
+        QStringLiteral("Food Finder"), QStringLiteral(":/velmora/icons/finder.svg"),
+        QKeySequence(Qt::CTRL | Qt::Key_F), QStringLiteral("Rank foods by two nutrients"));
+    finder->setObjectName(QStringLiteral("foodFinder"));
+    connect(login, &QAction::triggered, this, &MainWindow::userLogin);
+    connect(options, &QAction::triggered, this, &MainWindow::options);
+    connect(goals, &QAction::triggered, this, [this] { openDietGoals(*this); });
+    connect(finder, &QAction::triggered, this, [this] { openFoodFinder(*this); });
+
+    QToolBar* bar = addToolBar(QStringLiteral("Tools"));
+    bar->setObjectName(QStringLiteral("toolBar"));
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    bar->setIconSize(QSize(28, 28));
+    bar->addAction(login);
+    bar->addAction(options);
+    bar->addSeparator();
+    bar->addAction(goals);
+    bar->addAction(finder);
+
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    QAction* exit = file->addAction(QStringLiteral("E&xit"));
+    exit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    exit->setStatusTip(QStringLiteral("Save and quit Velmora"));
+    connect(exit, &QAction::triggered, this, &QWidget::close);
+
+    QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
+    QAction* status = view->addAction(QStringLiteral("&Status Bar"));
+    status->setCheckable(true);
+    status->setChecked(true);
+    status->setStatusTip(QStringLiteral("Show or hide the status bar"));
+    connect(status, &QAction::toggled, statusBar(), &QWidget::setVisible);
+    view->addSeparator();
+    for (std::size_t i = 0; i < LeftForm::Buttons.size(); ++i) {
+        const LeftForm::Button& b = LeftForm::Buttons[i];
+        QAction* go = view->addAction(QString::fromLatin1(b.caption));
+        go->setShortcut(
+            QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(i))));
+        go->setStatusTip(QStringLiteral("Show the %1 page").arg(QString::fromLatin1(b.caption)));
+        const int page = b.page;
+        connect(go, &QAction::triggered, this, [this, page] {
+            showPage(page);
+            showStatus(QString());
+        });
+    }
+    view->addSeparator();
+    view->addAction(login);
+    view->addAction(options);
+    view->addAction(goals);
+    view->addAction(finder);
+
+    QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+    QAction* updates = help->addAction(QStringLiteral("&Check for Updates..."));
+    updates->setObjectName(QStringLiteral("checkForUpdates"));
+    updates->setStatusTip(QStringLiteral("Ask the web site whether a newer version is available"));
+    QAction* manual = help->addAction(QStringLiteral("&Online User Manual"));
+    manual->setShortcut(QKeySequence(Qt::Key_F1));
+    manual->setStatusTip(QStringLiteral("Open the user manual in your web browser"));
+    QAction* tips = help->addAction(QStringLiteral("Show &Tips"));
+    tips->setStatusTip(QStringLiteral("Show the tip of the day"));
+    help->addSeparator();
+    QAction* aboutAction = help->addAction(QStringLiteral("&About Velmora..."));
+    aboutAction->setStatusTip(QStringLiteral("Version, data source and licences"));
+    connect(updates, &QAction::triggered, this, &MainWindow::checkForUpdates);
+    connect(manual, &QAction::triggered, this, [this] {
+        if (!update::openManual())
+            showStatus(QStringLiteral("Could not open %1").arg(update::manualUrl().toString()));
+    });
+    connect(tips, &QAction::triggered, this, &MainWindow::showTips);
+    connect(aboutAction, &QAction::triggered, this, &MainWindow::about);
+}
+
+void MainWindow::showPage(int k)
+{
+    m_host->showPage(k);
+    m_left->selectPage(k);
+}
+
+void MainWindow::updateTitle()
+{
+    const QString user = QString::fromStdString(model::cp1252ToUtf8(m_store.currentUserName()));
+    setWindowTitle(user.isEmpty() ? QStringLiteral("Velmora")
+                                  : user + QStringLiteral(" - Velmora"));
+}
+
+void MainWindow::refreshAllPages()
+{
+    m_host->refreshAll();
+    updateTitle();
+}
+
+void MainWindow::markModified()
+{
+    m_saveTimer->start();
+}
+
+void MainWindow::saveNow()
+{
+    if (m_saveTimer->isActive()) {
+        m_saveTimer->stop();
+        m_session->save(false, true);
+    }
+}
+
+void MainWindow::showStatus(const QString& text)
+{
+    statusBar()->showMessage(text);
+}
+
+void MainWindow::userLogin()
+{
+    m_host->storeCurrent();
+    UserLoginDialog dialog(m_store, *m_session, this);
+    dialog.exec();
+    updateTitle();
+}
+
+void MainWindow::options()
+{
+    m_host->storeCurrent();
+    OptionsDialog dialog(m_store, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        refreshAllPages();
+        markModified();
+    }
+}
+
+void MainWindow::checkForUpdates()
+{
+    update::UpdateChecker checker;
+    if (checker.run(this) == update::UpdateChecker::Outcome::UpdaterStarted)
+        QTimer::singleShot(0, this, &QWidget::close);
+}
+
+void MainWindow::showTips()
+{
+    update::TipDialog dialog(this);
+    dialog.exec();
+}
+
+void MainWindow::about()
+{
+    update::showAbout(this,
+                      QString::fromStdString(model::cp1252ToUtf8(m_store.foods.sourceRelease())));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_closed) {
+        m_closed = true;
+        m_saveTimer->stop();
+        m_host->storeCurrent();
+        m_session->save(true);
+    }
+    event->accept();
+}
+
+void MainWindow::paintEvent(QPaintEvent* event)
+{
+    QMainWindow::paintEvent(event);
+    if (!m_painted) {
+        m_painted = true;
+        // The children paint in the same pass; report once it is complete.
+        QTimer::singleShot(0, this, &MainWindow::firstPainted);
+    }
+}
+
+} // namespace velmora::app

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <memory>
+
+#include <QMainWindow>
+
+#include "app/AppContext.h"
+
+class QAction;
+class QTimer;
+
+namespace velmora::app {
+
+class LeftForm;
+class PageHost;
+class UserSession;
+
+// The main window: tool bar, menus, status bar, the navigation form and the page host. It is the
+// application context that pages and dialogs talk to.
+class MainWindow : public QMainWindow, public AppContext
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(model::Store& store, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // AppContext
+    model::Store& store() override { return m_store; }
+    void refreshAllPages() override;
+    void markModified() override;
+    void showStatus(const QString& text) override;
+    QWidget* mainWindow() override { return this; }
+
+    UserSession& session() { return *m_session; }
+    LeftForm* leftForm() const { return m_left; }
+    PageHost* pageHost() const { return m_host; }
+
+    // Shows page k and selects its navigation button.
+    void showPage(int k);
+    // The window title from the current user, e.g. "Example User - Velmora".
+    void updateTitle();
+
+    // Tool-bar and menu commands.
+    void userLogin();
+    void options();
+    void checkForUpdates();
+    void showTips();
+    void about();
+
+    // Saves at once what markModified() scheduled (also used before the window closes).
+    void saveNow();
+
+signals:
+    // Emitted once after the first paint (start-up measurement).
+    void firstPainted();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void createActions();
+    QAction* addCommand(const QString& text, const QString& icon, const QKeySequence& key,
+                        const QString& tip);
+
+    model::Store& m_store;
+    std::unique_ptr<UserSession> m_session;
+    LeftForm* m_left = nullptr;
+    PageHost* m_host = nullptr;
+    QTimer* m_saveTimer = nullptr;
+    bool m_painted = false;
+    bool m_closed = false;
+};
+
+} // namespace velmora::app

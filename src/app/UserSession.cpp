@@ -1,0 +1,149 @@
+// Users: adding, switching and deleting, and saving both files.
+
+#include "app/UserSession.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include <QWidget>
+
+#include "app/AppContext.h"
+#include "model/Store.h"
+#include "model/TextCodec.h"
+#include "model/UserNames.h"
+#include "update/Messages.h"
+
+namespace velmora::app {
+
+namespace {
+
+QString saveErrorText(const model::FileError& error)
+{
+    const QString file =
+        QString::fromStdString(std::filesystem::path(error.file).filename().string());
+    QString text = QStringLiteral("Could not save \"%1\".")
+                       .arg(file.isEmpty() ? QString::fromStdString(error.file) : file);
+    if (!error.detail.empty())
+        text += QStringLiteral("\n\n") + QString::fromStdString(error.detail);
+    return text;
+}
+
+} // namespace
+
+UserSession::UserSession(model::Store& store, AppContext& context)
+    : m_store(store), m_context(context)
+{
+}
+
+QString UserSession::newNameProblem(const QString& typed) const
+{
+    const std::string name = model::capitaliseFirst(model::utf8ToCp1252(typed.toStdString()));
+    const model::NameProblem problem = model::checkUserName(name);
+    if (problem != model::NameProblem::None)
+        return QString::fromStdString(model::nameProblemText(problem));
+    for (const std::string& existing : m_store.shared.userNames) {
+        if (existing == name)
+            return update::messageText(update::MsgDuplicateUserName);
+    }
+    if (m_store.shared.userNames.size() >= model::MaxUserNames) {
+        return QStringLiteral(
+                   "Velmora keeps at most %1 users.  Delete a user you no longer need before "
+                   "making a new one.")
+            .arg(model::MaxUserNames);
+    }
+    return {};
+}
+
+bool UserSession::isDuplicate(const QString& problem)
+{
+    return problem == update::messageText(update::MsgDuplicateUserName);
+}
+
+int UserSession::addUser(const std::string& cp1252Name)
+{
+    m_store.shared.userNames.push_back(model::capitaliseFirst(cp1252Name));
+    m_context.markModified();
+    return static_cast<int>(m_store.shared.userNames.size()) - 1;
+}
+
+bool UserSession::switchTo(int k)
+{
+    if (k < 0 || k >= static_cast<int>(m_store.shared.userNames.size()) ||
+        k == m_store.shared.currentUser)
+        return false;
+    if (m_savingEnabled) {
+        const bool sharedSaved = saveShared(false, false);
+        // The journal in memory is released below; when it could not be written, stay with it.
+        if (!saveJournal(true, false))
+            return false;
+        if (sharedSaved)
+            ++m_saveCount;
+    }
+    m_store.shared.currentUser = static_cast<std::uint8_t>(k);
+    m_store.journal.days.clear();
+    model::FileError error;
+    if (!m_store.loadCurrentUser(&error) && !error.file.empty())
+        update::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
+    m_context.refreshAllPages();
+    return true;
+}
+
+void UserSession::deleteUser(int k)
+{
+    auto& names = m_store.shared.userNames;
+    if (k < 0 || k >= static_cast<int>(names.size()))
+        return;
+    // The journal in memory is replaced by the first user's below; keep another user's edits.
+    if (m_savingEnabled && k != m_store.shared.currentUser)
+        saveJournal(false, false);
+    if (const auto path = m_store.userFilePath(static_cast<std::size_t>(k))) {
+        std::error_code ignored;
+        std::filesystem::remove(*path, ignored);
+    }
+    names.erase(names.begin() + k);
+    m_store.shared.currentUser = 0;
+    m_store.journal.days.clear();
+    model::FileError error;
+    if (!m_store.loadCurrentUser(&error) && !error.file.empty())
+        update::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
+    m_context.refreshAllPages();
+}
+
+bool UserSession::save(bool release, bool quiet)
+{
+    if (!m_savingEnabled)
+        return false;
+    const bool shared = saveShared(release, quiet);
+    const bool journal = saveJournal(release, quiet);
+    if (shared && journal)
+        ++m_saveCount;
+    return shared && journal;
+}
+
+bool UserSession::saveShared(bool release, bool quiet)
+{
+    const model::Status status = m_store.saveShared(release);
+    if (status.ok())
+        return true;
+    if (quiet)
+        m_context.showStatus(
+            saveErrorText(status.error()).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+    else
+        update::showMessageText(m_context.mainWindow(), saveErrorText(status.error()));
+    return false;
+}
+
+bool UserSession::saveJournal(bool release, bool quiet)
+{
+    const model::Status status = m_store.saveCurrentUser(release);
+    if (status.ok())
+        return true;
+    if (quiet)
+        m_context.showStatus(
+            saveErrorText(status.error()).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+    else
+        update::showMessageText(m_context.mainWindow(), saveErrorText(status.error()));
+    return false;
+}
+
+} // namespace velmora::app

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+// The program's settings, kept with QSettings under the organisation "Orvane" and the application
+// "Velmora".
+namespace velmora::update::settings {
+
+inline const QString DeleteConfirmations = QStringLiteral("Options/DeleteConfirmations");
+inline const QString VersionUrl = QStringLiteral("Update/VersionUrl");
+inline const QString ManualUrl = QStringLiteral("Help/ManualUrl");
+inline const QString TipStartUp = QStringLiteral("Tip/StartUp");
+inline const QString TipFilePos = QStringLiteral("Tip/FilePos");
+inline const QString TipTimeStamp = QStringLiteral("Tip/TimeStamp");
+
+inline const QString DefaultVersionUrl = QStringLiteral("https://www.velmora.example/version.txt");
+inline const QString DefaultManualUrl = QStringLiteral("https://www.velmora.example/manual/");
+
+} // namespace velmora::update::settings
