@@ -1,0 +1,165 @@
+#include "Json.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+#include "model/TextCodec.h"
+
+namespace velmora::cli {
+
+void JsonWriter::prefix(const char* key)
+{
+    if (!m_first.empty()) {
+        if (!m_first.back())
+            m_out += ',';
+        m_first.back() = false;
+        m_out += '\n';
+        m_out.append(m_first.size() * 2, ' ');
+    }
+    if (key) {
+        quoted(key);
+        m_out += ": ";
+    }
+}
+
+void JsonWriter::quoted(const std::string& utf8)
+{
+    m_out += '"';
+    for (unsigned char c : utf8) {
+        switch (c) {
+        case '"':
+            m_out += "\\\"";
+            break;
+        case '\\':
+            m_out += "\\\\";
+            break;
+        case '\n':
+            m_out += "\\n";
+            break;
+        case '\r':
+            m_out += "\\r";
+            break;
+        case '\t':
+            m_out += "\\t";
+            break;
+        default:
+            if (c < 0x20) {
+                char buf[8];
+                std::snprintf(buf, sizeof buf, "\\u%04x", c);
+                m_out += buf;
+            } else {
+                m_out += static_cast<char>(c);
+            }
+        }
+    }
+    m_out += '"';
+}
+
+void JsonWriter::beginObject(const char* key)
+{
+    prefix(key);
+    m_out += '{';
+    m_first.push_back(true);
+}
+
+void JsonWriter::endObject()
+{
+    const bool empty = m_first.back();
+    m_first.pop_back();
+    if (!empty) {
+        m_out += '\n';
+        m_out.append(m_first.size() * 2, ' ');
+    }
+    m_out += '}';
+    if (m_first.empty())
+        m_out += '\n';
+}
+
+void JsonWriter::beginArray(const char* key)
+{
+    prefix(key);
+    m_out += '[';
+    m_first.push_back(true);
+}
+
+void JsonWriter::endArray()
+{
+    const bool empty = m_first.back();
+    m_first.pop_back();
+    if (!empty) {
+        m_out += '\n';
+        m_out.append(m_first.size() * 2, ' ');
+    }
+    m_out += ']';
+}
+
+void JsonWriter::text(const char* key, const std::string& cp1252)
+{
+    prefix(key);
+    quoted(model::cp1252ToUtf8(cp1252));
+}
+
+void JsonWriter::integer(const char* key, std::int64_t v)
+{
+    prefix(key);
+    m_out += std::to_string(v);
+}
+
+void JsonWriter::number(const char* key, double v)
+{
+    prefix(key);
+    if (!std::isfinite(v)) {
+        m_out += "null"; // JSON has no infinities or non-numbers
+        return;
+    }
+    char buf[40];
+    // The shortest of %.6g .. %.17g that reads back as the same value.
+    for (int precision = 6; precision <= 17; ++precision) {
+        std::snprintf(buf, sizeof buf, "%.*g", precision, v);
+        if (std::strtod(buf, nullptr) == v)
+            break;
+    }
+    m_out += buf;
+}
+
+void JsonWriter::real(const char* key, float v)
+{
+    prefix(key);
+    if (!std::isfinite(v)) {
+        m_out += "null";
+        return;
+    }
+    char buf[40];
+    for (int precision = 6; precision <= 9; ++precision) {
+        std::snprintf(buf, sizeof buf, "%.*g", precision, static_cast<double>(v));
+        if (std::strtof(buf, nullptr) == v)
+            break;
+    }
+    m_out += buf;
+}
+
+void JsonWriter::boolean(const char* key, bool v)
+{
+    prefix(key);
+    m_out += v ? "true" : "false";
+}
+
+void JsonWriter::time(const char* key, model::TimeT t)
+{
+    const std::time_t tt = static_cast<std::time_t>(t);
+    std::tm f{};
+#if defined(_WIN32)
+    gmtime_s(&f, &tt);
+#else
+    gmtime_r(&tt, &f);
+#endif
+    char buf[80];
+    std::snprintf(buf, sizeof buf, "%04d-%02d-%02dT%02d:%02d:%02dZ", f.tm_year + 1900, f.tm_mon + 1,
+                  f.tm_mday, f.tm_hour, f.tm_min, f.tm_sec);
+    prefix(key);
+    quoted(buf);
+}
+
+} // namespace velmora::cli
