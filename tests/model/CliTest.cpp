@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <sys/wait.h>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "model/UserDatabase.h"
+#include "support/Builders.h"
+#include "support/Fixtures.h"
+#include "support/TempDir.h"
+
+using namespace velmora::model;
+using namespace velmora::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+struct CliRun
+{
+    int exitCode;
+    std::string out;
+    std::string err;
+};
+
+std::string quote(const std::string& s)
+{
+    std::string q = "'";
+    for (char c : s)
+        q += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return q + "'";
+}
+
+std::string slurp(const fs::path& p)
+{
+    std::ifstream in(p, std::ios::binary);
+    std::stringstream ss;
+    ss << in.rdbuf();
+    return ss.str();
+}
+
+CliRun cli(const TempDir& dir, const std::string& args)
+{
+    const fs::path out = dir / "stdout.txt";
+    const fs::path err = dir / "stderr.txt";
+    const std::string command =
+        quote(VELMORA_CLI) + " " + args + " >" + quote(out.string()) + " 2>" + quote(err.string());
+    const int status = std::system(command.c_str());
+    CliRun r{WIFEXITED(status) ? WEXITSTATUS(status) : -1, slurp(out), slurp(err)};
+    fs::remove(out);
+    fs::remove(err);
+    return r;
+}
+
+const fs::path Canonical = fs::path(VELMORA_TEST_DATA_DIR) / "canonical";
+
+} // namespace
+
+TEST(Cli, CanonicalFixturesAreTheHandMadeImages)
+{
+    EXPECT_EQ(readBytes(Canonical / "foods.db"), handMadeFoods());
+    EXPECT_EQ(readBytes(Canonical / "velmora.db"), handMadeShared());
+    EXPECT_EQ(readBytes(Canonical / "Bert.db"), handMadeUserFile());
+}
+
+TEST(Cli, RewriteReproducesCanonicalFilesByteForByte)
+{
+    TempDir dir;
+    // A large journal with long texts (16-bit and 32-bit length prefixes) besides the fixtures.
+    const FoodDatabase foods = generatedFoods(50);
+    UserJournal big;
+    big.days = generatedJournal(foods, JournalShape{60, 4, 6, 1, 1});
+    big.days[0].notes[1] = std::string(300, 'n');
+    big.days[1].notes[2] = std::string(70000, 'x');
+    writeBytes(dir / "big.db", big.serialize());
+    writeBytes(dir / "generated-foods.db", foods.serialize());
+
+    const std::pair<const char*, fs::path> cases[] = {
+        {"foods", Canonical / "foods.db"},     {"shared", Canonical / "velmora.db"},
+        {"user", Canonical / "Bert.db"},       {"user", dir / "big.db"},
+        {"foods", dir / "generated-foods.db"},
+    };
+    for (const auto& [kind, in] : cases) {
+        const fs::path out = dir / "out.db";
+        const CliRun r = cli(dir, std::string("rewrite ") + kind + " " + quote(in.string()) + " " +
+                                      quote(out.string()));
+        ASSERT_EQ(r.exitCode, 0) << r.err;
+        EXPECT_EQ(readBytes(out), readBytes(in)) << in;
+        fs::remove(out);
+    }
+}
+
+TEST(Cli, DamagedInputLeavesTheOutputAlone)
+{
+    TempDir dir;
+    auto bytes = handMadeUserFile();
+    bytes.resize(bytes.size() - 2);
+    writeBytes(dir / "cut.db", bytes);
+
+    const fs::path out = dir / "out.db";
+    CliRun r =
+        cli(dir, "rewrite user " + quote((dir / "cut.db").string()) + " " + quote(out.string()));
+    EXPECT_NE(r.exitCode, 0);
+    EXPECT_FALSE(fs::exists(out));
+    EXPECT_NE(r.err.find("cut.db is damaged at byte"), std::string::npos) << r.err;
+    EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1);
+
+    writeBytes(out, {9, 9, 9});
+    r = cli(dir, "rewrite user " + quote((dir / "cut.db").string()) + " " + quote(out.string()));
+    EXPECT_NE(r.exitCode, 0);
+    EXPECT_EQ(readBytes(out), (std::vector<std::uint8_t>{9, 9, 9}));
+
+    r = cli(dir, "rewrite shared " + quote((dir / "none.db").string()) + " " + quote(out.string()));
+    EXPECT_NE(r.exitCode, 0);
+    r = cli(dir, "rewrite nonsense a b");
+    EXPECT_NE(r.exitCode, 0);
+}
+
+TEST(Cli, DumpGivesJsonWithUtf8Texts)
+{
+    TempDir dir;
+    SharedData d;
+    d.userNames = {"Ren\xE9\"e"};
+    writeBytes(dir / "velmora.db", d.serialize());
+    CliRun r = cli(dir, "dump shared " + quote((dir / "velmora.db").string()));
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("\"Ren\xC3\xA9\\\"e\""), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("\"nextExerciseField\": 1"), std::string::npos);
+
+    r = cli(dir, "dump user " + quote((Canonical / "Bert.db").string()));
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("\"temperature\": 36.6,"), std::string::npos);
+    EXPECT_NE(r.out.find("\"vo2Max\": 45,"), std::string::npos);
+    EXPECT_NE(r.out.find("\"date\": \"2020-01-02T00:00:00Z\""), std::string::npos);
+    EXPECT_NE(r.out.find("\"amountIn100g\": 1.5"), std::string::npos);
+
+    r = cli(dir, "dump foods " + quote((Canonical / "foods.db").string()));
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("\"value\": 12.6"), std::string::npos);
+}
+
+TEST(Cli, ResaveLoadsAndSavesTheDataFolder)
+{
+    TempDir dir;
+    fs::copy(Canonical, dir.path(), fs::copy_options::recursive);
+    CliRun r = cli(dir, "resave --data-dir " + quote(dir.path().string()));
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    // The fixtures are already normalised: both files come back unchanged.
+    EXPECT_EQ(readBytes(dir / "velmora.db"), handMadeShared());
+    EXPECT_EQ(readBytes(dir / "Bert.db"), handMadeUserFile());
+
+    TempDir empty;
+    writeBytes(empty / "foods.db", handMadeFoods());
+    r = cli(empty, "resave --data-dir " + quote(empty.path().string()));
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_TRUE(fs::exists(empty / "velmora.db"));
+    EXPECT_TRUE(fs::exists(empty / "Example User.db"));
+
+    TempDir nofoods;
+    r = cli(nofoods, "resave --data-dir " + quote(nofoods.path().string()));
+    EXPECT_NE(r.exitCode, 0);
+    EXPECT_FALSE(fs::exists(nofoods / "velmora.db"));
+}
+
+TEST(Cli, HelpForEveryCommand)
+{
+    TempDir dir;
+    for (const char* c : {"--help", "rewrite --help", "dump --help", "resave --help"}) {
+        const CliRun r = cli(dir, c);
+        EXPECT_EQ(r.exitCode, 0) << c;
+        EXPECT_NE(r.out.find("Usage: velmora-cli"), std::string::npos) << c;
+    }
+}
