@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QWidget>
+
+#include <cstdint>
+
+#include "food/logic/FoodSearch.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+
+namespace velmora::app {
+class AppContext;
+}
+namespace velmora::controls {
+class AmountSpinBox;
+}
+namespace velmora::model {
+struct FoodItem;
+}
+
+namespace velmora::food {
+
+// The left half of the food page: the three food lists, search, group filter, measure, amount and
+// "&Add >>". It reads the store and never writes it; adding is the page's business.
+class FoodChooser : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FoodChooser(app::AppContext& context, QWidget* parent = nullptr);
+
+    // Reloads the group picker and the current list from the store.
+    void refresh();
+    void setMode(FoodListMode mode);
+    FoodListMode mode() const { return m_mode; }
+
+    // Searches with the text in the box; with announce set a search without hits says so.
+    void search(bool announce = true);
+
+    // The food of the selected row, or nullptr.
+    const model::FoodItem* selectedFood() const;
+    // What "&Add >>" adds: amount x measure factor (servings for custom foods).
+    double amountToAdd() const;
+    // Selects the row of a food when the list shows it.
+    void selectFood(std::int32_t number);
+
+    // Widgets that tests, the page and the keyboard handling reach.
+    QLineEdit* searchBox() const { return m_searchBox; }
+    QComboBox* groupList() const { return m_groups; }
+    QListWidget* foodList() const { return m_foods; }
+    QComboBox* measureList() const { return m_measures; }
+    controls::AmountSpinBox* amountBox() const { return m_amount; }
+    QPushButton* addButton() const { return m_add; }
+    QPushButton* searchButton() const { return m_searchButton; }
+    QLabel* amountHint() const { return m_hint; }
+    QRadioButton* modeButton(FoodListMode mode) const;
+
+signals:
+    void highlightChanged();
+    void addRequested();
+    void detailsRequested(std::int32_t food);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void fillList(const std::vector<std::int32_t>& numbers);
+    void onFoodChanged();
+    void onMeasureChanged(int index);
+    void applyEnabling();
+
+    app::AppContext& m_context;
+    FoodListMode m_mode = FoodListMode::All;
+    double m_measureFactor = 1.0;
+
+    QRadioButton* m_custom = nullptr;
+    QRadioButton* m_recent = nullptr;
+    QRadioButton* m_all = nullptr;
+    QLineEdit* m_searchBox = nullptr;
+    QPushButton* m_searchButton = nullptr;
+    QComboBox* m_groups = nullptr;
+    QListWidget* m_foods = nullptr;
+    controls::AmountSpinBox* m_amount = nullptr;
+    QComboBox* m_measures = nullptr;
+    QPushButton* m_add = nullptr;
+    QLabel* m_hint = nullptr;
+};
+
+} // namespace velmora::food

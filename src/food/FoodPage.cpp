@@ -1,0 +1,395 @@
+#include "food/FoodPage.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTimeEdit>
+#include <QVBoxLayout>
+
+#include "app/AppContext.h"
+#include "food/ConfigureDisplaysDialog.h"
+#include "food/CopyMealDialog.h"
+#include "food/CustomFoodsDialog.h"
+#include "food/FoodChooser.h"
+#include "food/FoodDetailsDialog.h"
+#include "food/MacroPanel.h"
+#include "food/QtText.h"
+#include "food/SaveMealDialog.h"
+#include "food/logic/MealCopy.h"
+#include "food/logic/MealEditing.h"
+#include "model/Store.h"
+#include "update/Messages.h"
+
+namespace velmora::food {
+
+namespace {
+QDate toQDate(const model::CalendarDate& d)
+{
+    return QDate(d.year, d.month, d.day);
+}
+model::CalendarDate fromQDate(const QDate& d)
+{
+    return {d.year(), d.month(), d.day()};
+}
+} // namespace
+
+FoodPage::FoodPage(app::AppContext& context, QWidget* parent) : app::Page(context, parent)
+{
+    m_chooser = new FoodChooser(context, this);
+
+    m_meals = new QComboBox(this);
+    m_meals->setObjectName(QStringLiteral("mealChoice"));
+    for (int k = 0; k < model::MealKindCount; ++k)
+        m_meals->addItem(QString::fromLatin1(model::MealNames[static_cast<std::size_t>(k)]), k);
+    m_date = new QDateEdit(QDate::currentDate(), this);
+    m_date->setCalendarPopup(true);
+    m_time = new QTimeEdit(QTime(8, 0), this);
+
+    m_mealList = new QListWidget(this);
+    m_mealList->setObjectName(QStringLiteral("mealList"));
+    m_mealList->setSelectionMode(QAbstractItemView::SingleSelection);
+
+    m_remove = new QPushButton(tr("&Remove"), this);
+    m_saveCustom = new QPushButton(tr("Sa&ve as custom food..."), this);
+    m_defineFoods = new QPushButton(tr("&Define foods..."), this);
+    m_copyMeal = new QPushButton(tr("Cop&y meal from..."), this);
+    m_copyMeal->setToolTip(tr("Add the foods of a meal of another day to this meal"));
+    m_display = new QPushButton(tr("D&isplay..."), this);
+
+    m_panel = new MacroPanel(this);
+
+    auto* mealRow = new QHBoxLayout;
+    mealRow->addWidget(m_meals, 1);
+    mealRow->addWidget(m_date);
+    mealRow->addWidget(m_time);
+    auto* mealButtons = new QHBoxLayout;
+    mealButtons->addWidget(m_remove);
+    mealButtons->addWidget(m_copyMeal);
+    mealButtons->addStretch();
+    auto* customButtons = new QHBoxLayout;
+    customButtons->addWidget(m_saveCustom);
+    customButtons->addWidget(m_defineFoods);
+    customButtons->addStretch();
+    customButtons->addWidget(m_display);
+
+    auto* right = new QWidget(this);
+    auto* rightLayout = new QVBoxLayout(right);
+    rightLayout->setContentsMargins(0, 0, 0, 0);
+    rightLayout->addLayout(mealRow);
+    rightLayout->addWidget(m_mealList, 2);
+    rightLayout->addLayout(mealButtons);
+    rightLayout->addLayout(customButtons);
+    rightLayout->addWidget(m_panel, 3);
+
+    auto* splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(m_chooser);
+    splitter->addWidget(right);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(splitter);
+
+    setTabOrder(m_chooser->addButton(), m_meals);
+
+    connect(m_chooser, &FoodChooser::highlightChanged, this, [this] {
+        m_highlight = Highlight::Food;
+        updateDisplays();
+        applyEnabling();
+    });
+    connect(m_chooser, &FoodChooser::addRequested, this, &FoodPage::addSelectedFood);
+    connect(m_chooser, &FoodChooser::detailsRequested, this, &FoodPage::openDetails);
+    connect(m_chooser->foodList(), &QListWidget::itemPressed, this, [this] {
+        m_highlight = Highlight::Food;
+        updateDisplays();
+    });
+    connect(m_mealList, &QListWidget::currentRowChanged, this, [this] {
+        m_highlight = Highlight::MealEntry;
+        updateDisplays();
+        applyEnabling();
+    });
+    connect(m_mealList, &QListWidget::itemPressed, this, [this] {
+        m_highlight = Highlight::MealEntry;
+        updateDisplays();
+    });
+    connect(m_mealList, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem* item) { openDetails(item->data(Qt::UserRole + 1).toInt()); });
+    connect(m_meals, &QComboBox::currentIndexChanged, this, &FoodPage::rebuildMeal);
+    connect(m_date, &QDateEdit::dateChanged, this, &FoodPage::rebuildMeal);
+    connect(m_time, &QTimeEdit::timeChanged, this, &FoodPage::onTimeChanged);
+    connect(m_remove, &QPushButton::clicked, this, &FoodPage::removeSelectedEntry);
+    connect(m_saveCustom, &QPushButton::clicked, this, &FoodPage::openSaveAsCustomFood);
+    connect(m_defineFoods, &QPushButton::clicked, this, &FoodPage::openCustomFoods);
+    connect(m_copyMeal, &QPushButton::clicked, this, &FoodPage::openCopyMeal);
+    connect(m_display, &QPushButton::clicked, this, &FoodPage::openDisplaySettings);
+
+    // Ctrl+Enter adds from anywhere on the page (Alt+A is the button's own mnemonic).
+    for (QKeySequence keys :
+         {QKeySequence(Qt::CTRL | Qt::Key_Return), QKeySequence(Qt::CTRL | Qt::Key_Enter)}) {
+        auto* shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this] {
+            if (m_chooser->addButton()->isEnabled())
+                addSelectedFood();
+        });
+    }
+
+    applyEnabling();
+}
+
+QString FoodPage::pageTitle() const
+{
+    return tr("Food");
+}
+
+model::CalendarDate FoodPage::currentDate() const
+{
+    return fromQDate(m_date->date());
+}
+int FoodPage::currentMealKind() const
+{
+    return std::max(0, m_meals->currentIndex());
+}
+void FoodPage::setCurrentDate(const model::CalendarDate& date)
+{
+    m_date->setDate(toQDate(date));
+}
+void FoodPage::setCurrentMealKind(int kind)
+{
+    m_meals->setCurrentIndex(kind);
+}
+
+const model::Meal* FoodPage::currentMeal() const
+{
+    const model::JournalDay* day = findJournalDay(context().store().journal, currentDate());
+    return day ? day->findMeal(currentMealKind()) : nullptr;
+}
+
+void FoodPage::refreshPage()
+{
+    const model::User& user = context().store().journal.user;
+    if (!m_refreshed) {
+        m_chooser->refresh();
+        const int mode = user.foodListMode;
+        m_chooser->setMode(mode >= 0 && mode <= 2 ? static_cast<FoodListMode>(mode)
+                                                  : FoodListMode::All);
+        m_refreshed = true;
+    } else {
+        m_chooser->refresh();
+    }
+    rebuildMeal();
+}
+
+void FoodPage::storePage()
+{
+    // The meals are written as they change; only the list mode is a page setting.
+    model::User& user = context().store().journal.user;
+    const auto mode = static_cast<std::int32_t>(m_chooser->mode());
+    if (user.foodListMode != mode) {
+        user.foodListMode = mode;
+        context().markModified();
+    }
+}
+
+void FoodPage::rebuildMeal()
+{
+    const model::Meal* meal = currentMeal();
+    m_mealList->blockSignals(true);
+    m_mealList->clear();
+    if (meal) {
+        for (const MealRow& row : mealRows(context().store(), *meal)) {
+            auto* item = new QListWidgetItem(toQt(row.text));
+            item->setData(Qt::UserRole, static_cast<int>(row.entry));
+            item->setData(Qt::UserRole + 1, row.food);
+            m_mealList->addItem(item);
+        }
+        const QDateTime when = QDateTime::fromSecsSinceEpoch(meal->time);
+        m_time->blockSignals(true);
+        m_time->setTime(when.time());
+        m_time->blockSignals(false);
+    }
+    m_mealList->blockSignals(false);
+    if (m_highlight == Highlight::MealEntry)
+        m_highlight = Highlight::None;
+    updateDisplays();
+    applyEnabling();
+}
+
+void FoodPage::updateDisplays()
+{
+    const model::Store& store = context().store();
+    const model::User& user = store.journal.user;
+    const model::NutrientCatalogue& catalogue = store.foods.catalogue();
+
+    // The highlighted item: a food of the food list (sized as "&Add >>" would add it) or an
+    // entry of the meal list.
+    const model::FoodItem* food = nullptr;
+    double amount = 0;
+    if (m_highlight == Highlight::Food) {
+        food = m_chooser->selectedFood();
+        amount = m_chooser->amountToAdd();
+    } else if (m_highlight == Highlight::MealEntry) {
+        const QListWidgetItem* item = m_mealList->currentItem();
+        const model::Meal* meal = currentMeal();
+        if (item && item->isSelected() && meal) {
+            const auto entry = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
+            if (entry < meal->entries.size()) {
+                food = store.findFood(meal->entries[entry].food);
+                amount = meal->entries[entry].amount;
+            }
+        }
+    }
+
+    if (food)
+        m_panel->setDetails(detailsRows(catalogue, *food, amount, user.detailsList()));
+    else
+        m_panel->clearDetails();
+
+    const model::JournalDay* day = findJournalDay(store.journal, currentDate());
+    const model::Meal* meal = day ? day->findMeal(currentMealKind()) : nullptr;
+    const std::int32_t modes[2] = {user.pie1Mode, user.pie2Mode};
+    for (int i = 0; i < 2; ++i) {
+        switch (pieModeFromSetting(modes[i])) {
+        case PieMode::SelectedItem:
+            m_panel->setPie(i, food ? foodShares(catalogue, *food) : EnergyShares{},
+                            tr("Highlighted Food"));
+            break;
+        case PieMode::Meal:
+            m_panel->setPie(i, mealShares(store, meal), tr("Meal"));
+            break;
+        case PieMode::Day:
+            m_panel->setPie(
+                i, dayShares(store, day),
+                toQt(model::shortDateText(currentDate().toTime(), user.isMetric(), true)));
+            break;
+        case PieMode::Goals:
+            m_panel->setPie(i, goalShares(user), tr("Goal"));
+            break;
+        }
+    }
+}
+
+void FoodPage::applyEnabling()
+{
+    const QListWidgetItem* entry = m_mealList->currentItem();
+    m_remove->setEnabled(entry && entry->isSelected());
+    m_saveCustom->setEnabled(m_mealList->count() > 0);
+}
+
+void FoodPage::addSelectedFood()
+{
+    const model::FoodItem* food = m_chooser->selectedFood();
+    if (!food)
+        return;
+    const std::int32_t number = food->number;
+    const auto amount = static_cast<float>(m_chooser->amountToAdd());
+    model::Store& store = context().store();
+    const QTime t = m_time->time();
+    model::Meal& meal = mealForAdding(store.journal, currentDate(), currentMealKind(),
+                                      mealTimeOn(currentDate(), t.hour(), t.minute()));
+    addToMeal(meal, number, amount);
+    store.journal.user.noteRecentFood(number);
+    context().markModified();
+    if (m_chooser->mode() == FoodListMode::Recent)
+        m_chooser->refresh();
+    m_highlight = Highlight::Food;
+    rebuildMeal();
+}
+
+void FoodPage::removeSelectedEntry()
+{
+    const QListWidgetItem* item = m_mealList->currentItem();
+    if (!item || !item->isSelected())
+        return;
+    const auto entry = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
+    if (!update::confirmDelete(this, update::MsgDeleteFoodItem))
+        return;
+    if (removeMealEntry(context().store().journal, currentDate(), currentMealKind(), entry))
+        context().markModified();
+    rebuildMeal();
+}
+
+int FoodPage::copyMealFrom(const model::CalendarDate& date, int kind)
+{
+    model::Store& store = context().store();
+    const model::JournalDay* day = findJournalDay(store.journal, date);
+    const model::Meal* source = day ? day->findMeal(kind) : nullptr;
+    if (!source || source->entries.empty())
+        return 0;
+    // A copy first: creating the current day may move the source day in memory.
+    const model::Meal from = *source;
+    const QTime t = m_time->time();
+    model::Meal& meal = mealForAdding(store.journal, currentDate(), currentMealKind(),
+                                      mealTimeOn(currentDate(), t.hour(), t.minute()));
+    const int copied = copyMealEntries(from, meal);
+    context().markModified();
+    rebuildMeal();
+    return copied;
+}
+
+void FoodPage::onTimeChanged()
+{
+    // Only a stored meal takes the new time; for a meal without foods the time waits for the
+    // first food.
+    model::JournalDay* day = findJournalDay(context().store().journal, currentDate());
+    model::Meal* meal = day ? day->findMeal(currentMealKind()) : nullptr;
+    if (!meal)
+        return;
+    const QTime t = m_time->time();
+    meal->time = mealTimeOn(currentDate(), t.hour(), t.minute());
+    context().markModified();
+}
+
+void FoodPage::openDetails(std::int32_t food)
+{
+    if (!context().store().findFood(food))
+        return;
+    FoodDetailsDialog dialog(context(), food, this);
+    dialog.exec();
+}
+
+void FoodPage::openDisplaySettings()
+{
+    ConfigureDisplaysDialog dialog(context(), this);
+    if (dialog.exec() == QDialog::Accepted)
+        updateDisplays();
+}
+
+void FoodPage::openCustomFoods()
+{
+    CustomFoodsDialog dialog(context(), this);
+    dialog.exec();
+    m_chooser->refresh();
+    rebuildMeal();
+}
+
+void FoodPage::openSaveAsCustomFood()
+{
+    const model::Meal* meal = currentMeal();
+    if (!meal || meal->entries.empty())
+        return;
+    SaveMealDialog dialog(context(), *meal, this);
+    if (dialog.exec() == QDialog::Accepted)
+        m_chooser->refresh();
+}
+
+void FoodPage::openCopyMeal()
+{
+    const model::Store& store = context().store();
+    model::CalendarDate from = currentDate();
+    if (const model::JournalDay* day =
+            defaultCopySource(store.journal.days, currentDate(), currentMealKind()))
+        from = model::CalendarDate::fromTime(day->date);
+    else
+        from = fromQDate(m_date->date().addDays(-1));
+    CopyMealDialog dialog(context(), from, currentMealKind(), this);
+    if (dialog.exec() == QDialog::Accepted)
+        copyMealFrom(dialog.sourceDate(), dialog.sourceKind());
+}
+
+} // namespace velmora::food
