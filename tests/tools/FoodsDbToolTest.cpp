@@ -66,6 +66,8 @@ TEST(FoodsDbTool, BuildsFromAnAsciiRelease)
     EXPECT_NE(r.err.find("Food 93600 is numbered 20083"), std::string::npos);
 
     // With the nutrient definitions the intake table comes along.
+    if (!VELMORA_HAVE_USDA_DATA)
+        return;
     r = run({"--sr-ascii", SrAscii.string(), "--release", "USDA SR28", "--nutrients-jar",
              NutrientsJar.string(), "-o", out.string()});
     ASSERT_EQ(r.exitCode, 0) << r.err;
@@ -98,6 +100,8 @@ fs::path damagedCopy(const fs::path& dir, const fs::path& jar, const std::string
 
 TEST(FoodsDbTool, MissingOrDamagedInputWritesNothing)
 {
+    if (!VELMORA_HAVE_USDA_DATA)
+        GTEST_SKIP() << "needs the USDA data in the cache folder";
     test::TempDir dir;
     const fs::path out = dir / "foods.db";
     struct Case
