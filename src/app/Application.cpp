@@ -22,6 +22,12 @@
 #include "update/Messages.h"
 #include "update/TipDialog.h"
 
+// The resources live in a static library: register them before the first use.
+static void registerResources()
+{
+    Q_INIT_RESOURCE(velmora);
+}
+
 namespace velmora::app {
 
 namespace {
@@ -43,6 +49,7 @@ std::filesystem::path toPath(const QString& s)
 
 void Application::setIdentity()
 {
+    registerResources();
     QCoreApplication::setOrganizationName(QStringLiteral("Orvane"));
     QCoreApplication::setApplicationName(QStringLiteral("Velmora"));
     QCoreApplication::setApplicationVersion(QStringLiteral("1.31"));
@@ -144,9 +151,10 @@ bool Application::start()
 
     applyStyle();
     m_window = std::make_unique<MainWindow>(m_store);
-    // Writing files that could not be read would replace the user's data with an empty store.
-    const bool loadedCleanly = m_report.foodsLoaded && m_report.errors.empty();
-    m_window->session().setSavingEnabled(loadedCleanly);
+    // Without the food database nothing else was loaded: saving would replace the user's data
+    // with an empty store. (Damaged files are kept as they are by the store itself.)
+    const bool loaded = m_report.foodsLoaded;
+    m_window->session().setSavingEnabled(loaded);
 
     if (m_options.measureStartup) {
         connect(m_window.get(), &MainWindow::firstPainted, this, [this] {
@@ -169,7 +177,7 @@ bool Application::start()
         if (tips.hasTips())
             tips.exec();
     }
-    if (loadedCleanly && m_store.shared.userNames.size() < 2) {
+    if (loaded && m_store.shared.userNames.size() < 2) {
         InitialSetupDialog setup(m_window->session(), *m_window, m_window.get());
         setup.exec();
     }
@@ -188,10 +196,8 @@ void Application::reportLoadProblems()
         update::showMessageText(parent, text);
     }
     for (const model::FileError& error : m_report.errors) {
-        update::showMessageText(
-            parent, QString::fromStdString(error.message()) +
-                        QStringLiteral("\n\nVelmora will not save anything in this session, "
-                                       "so the file is left as it is."));
+        update::showMessageText(parent, QString::fromStdString(error.message()) +
+                                            QStringLiteral("\n\nThe file is left as it is."));
     }
 }
 

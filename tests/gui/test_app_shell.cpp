@@ -1,0 +1,200 @@
+// The main window's navigation and the Options dialog, driven through the real widgets.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QtTest>
+
+#include "app/Application.h"
+#include "app/LeftForm.h"
+#include "app/MainWindow.h"
+#include "app/OptionsDialog.h"
+#include "app/Page.h"
+#include "app/PageHost.h"
+#include "update/Messages.h"
+#include "update/TipDialog.h"
+#include "test_app_support.h"
+
+using namespace velmora;
+using velmora::test::click;
+using velmora::test::ModalScript;
+
+namespace {
+
+// The pages whose buttons are checked, in the navigation form's order.
+QList<int> checkedPages(const app::LeftForm& form)
+{
+    QList<int> pages;
+    for (const auto& b : app::LeftForm::Buttons) {
+        if (form.buttonForCommand(b.commandId)->isChecked())
+            pages.append(b.page);
+    }
+    return pages;
+}
+
+} // namespace
+
+class TestAppShell : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_settings.isValid());
+        test::usePrivateSettings(m_settings.path());
+        QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
+        test::writeSmallFoods(m_data.path());
+        m_app = std::make_unique<app::Application>(
+            app::Application::Options{m_data.path(), false, false});
+        QVERIFY(m_app->start());
+    }
+
+    void cleanupTestCase() { m_app.reset(); }
+
+    void navigationButtonsShowTheirPagesWithExactlyOneSelected()
+    {
+        app::MainWindow& window = *m_app->window();
+        app::LeftForm& form = *window.leftForm();
+        // Top to bottom: journal notes, health, fitness log, food, journal list, graphs.
+        QList<int> ids;
+        QList<int> shown;
+        for (const auto& b : app::LeftForm::Buttons) {
+            ids.append(b.commandId);
+            shown.append(b.page);
+        }
+        QCOMPARE(ids, (QList<int>{1017, 1001, 1002, 1000, 1018, 1019}));
+        QCOMPARE(shown, (QList<int>{3, 1, 4, 0, 2, 5}));
+
+        // The food page at start.
+        QCOMPARE(window.pageHost()->currentIndex(), 0);
+        QCOMPARE(checkedPages(form), QList<int>{0});
+
+        for (const auto& b : app::LeftForm::Buttons) {
+            window.showStatus(QStringLiteral("something"));
+            form.buttonForCommand(b.commandId)->click();
+            QCOMPARE(window.pageHost()->currentIndex(), b.page);
+            QCOMPARE(checkedPages(form), QList<int>{b.page});
+            QCOMPARE(window.statusBar()->currentMessage(), QString());
+            // The shown page is the one of that index.
+            auto* stack = window.pageHost()->findChild<QStackedWidget*>();
+            QVERIFY(stack->currentWidget()->isAncestorOf(window.pageHost()->page(b.page)));
+        }
+        // Clicking the selected button again keeps it selected.
+        form.buttonForCommand(1019)->click();
+        QCOMPARE(checkedPages(form), QList<int>{5});
+        window.showPage(0);
+        QCOMPARE(checkedPages(form), QList<int>{0});
+    }
+
+    void theMenusCarryTheirCommands()
+    {
+        QStringList titles;
+        for (QAction* menu : m_app->window()->menuBar()->actions())
+            titles.append(menu->text());
+        QCOMPARE(titles, (QStringList{QStringLiteral("&File"), QStringLiteral("&View"),
+                                      QStringLiteral("&Help")}));
+        QStringList help;
+        for (QAction* a : m_app->window()->menuBar()->actions().last()->menu()->actions()) {
+            if (!a->isSeparator())
+                help.append(a->text());
+        }
+        QCOMPARE(help,
+                 (QStringList{QStringLiteral("&Check for Updates..."),
+                              QStringLiteral("&Online User Manual"), QStringLiteral("Show &Tips"),
+                              QStringLiteral("&About Velmora...")}));
+    }
+
+    void optionsOkStoresTheChosenDays()
+    {
+        model::Store& store = m_app->store();
+        store.journal.user.daysInLists = 7;
+        QStringList first, last;
+        int count = 0;
+        int selectedAtOpen = -2;
+        ModalScript script;
+        script.expect(QStringLiteral("Options"), [&](QWidget* w) {
+            auto* days = w->findChild<QComboBox*>(QStringLiteral("daysInLists"));
+            count = days->count();
+            first = {days->itemText(0), days->itemText(1)};
+            last = {days->itemText(days->count() - 1)};
+            selectedAtOpen = days->currentIndex();
+            days->setCurrentIndex(days->findText(QStringLiteral("30")));
+            click(w, QStringLiteral("OK"));
+        });
+        m_app->window()->options();
+        QVERIFY(script.finished());
+        QCOMPARE(count, 1067);
+        QCOMPARE(first, (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
+        QCOMPARE(last, QStringList{QStringLiteral("1067")});
+        QCOMPARE(selectedAtOpen, 6);
+        QCOMPARE(store.journal.user.daysInLists, 30);
+    }
+
+    void optionsWriteBackOnlyOnOk_data()
+    {
+        QTest::addColumn<bool>("ok");
+        QTest::newRow("OK") << true;
+        QTest::newRow("Cancel") << false;
+    }
+
+    void optionsWriteBackOnlyOnOk()
+    {
+        QFETCH(bool, ok);
+        model::Store& store = m_app->store();
+        store.journal.user.metric = 0;
+        store.journal.user.daysInLists = 0; // no entry selected
+        update::setDeleteConfirmationsEnabled(true);
+        QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
+
+        app::OptionsDialog dialog(store);
+        dialog.show();
+        QCOMPARE(dialog.findChild<QComboBox*>(QStringLiteral("daysInLists"))->currentIndex(), -1);
+        QVERIFY(dialog.findChild<QCheckBox*>(QStringLiteral("deleteConfirmations"))->isChecked());
+        QVERIFY(!dialog.findChild<QCheckBox*>(QStringLiteral("useMetric"))->isChecked());
+        dialog.findChild<QCheckBox*>(QStringLiteral("deleteConfirmations"))->setChecked(false);
+        dialog.findChild<QCheckBox*>(QStringLiteral("useMetric"))->setChecked(true);
+        dialog.findChild<QCheckBox*>(QStringLiteral("showTips"))->setChecked(true);
+        click(&dialog, ok ? QStringLiteral("OK") : QStringLiteral("Cancel"));
+
+        QCOMPARE(store.journal.user.metric, ok ? 1 : 0);
+        QCOMPARE(store.journal.user.daysInLists, 0); // OK without a selection stores 0
+        QCOMPARE(update::deleteConfirmationsEnabled(), !ok);
+        QCOMPARE(update::TipDialog::showAtStartUp(), ok);
+    }
+
+    void tipsFollowEachOtherAcrossOpenings()
+    {
+        QTemporaryDir dir;
+        const QString path = QDir(dir.path()).filePath(QStringLiteral("tips.txt"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("First tip\n\nSecond tip\nThird tip\n");
+        file.close();
+        QSettings().remove(QStringLiteral("Tip"));
+
+        QStringList seen;
+        for (int opening = 0; opening < 4; ++opening) {
+            update::TipDialog tips(nullptr, path);
+            seen.append(tips.currentTip());
+            tips.accept();
+        }
+        QCOMPARE(seen, (QStringList{QStringLiteral("First tip"), QStringLiteral("Second tip"),
+                                    QStringLiteral("Third tip"), QStringLiteral("First tip")}));
+        update::TipDialog tips(nullptr, path);
+        tips.showNextTip();
+        QCOMPARE(tips.currentTip(), QStringLiteral("Third tip"));
+    }
+
+private:
+    QTemporaryDir m_settings;
+    QTemporaryDir m_data;
+    std::unique_ptr<app::Application> m_app;
+};
+
+QTEST_MAIN(TestAppShell)
+#include "test_app_shell.moc"

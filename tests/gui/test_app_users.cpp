@@ -1,0 +1,406 @@
+// The users of the shell driven through the real dialogs: first start, Initial Setup, New User,
+// User Login and deleting users, and what reaches the disk on the way.
+
+#include <QComboBox>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QtTest>
+
+#include "app/Application.h"
+#include "app/MainWindow.h"
+#include "app/UserSession.h"
+#include "model/SafeFile.h"
+#include "model/TextCodec.h"
+#include "update/Messages.h"
+#include "test_app_support.h"
+
+using namespace velmora;
+using velmora::test::click;
+using velmora::test::ModalScript;
+
+namespace {
+
+QString fileIn(const QTemporaryDir& dir, const QString& name)
+{
+    return QDir(dir.path()).filePath(name);
+}
+
+model::SharedData readShared(const QTemporaryDir& dir)
+{
+    const auto bytes =
+        model::readWholeFile(fileIn(dir, QStringLiteral("velmora.db")).toStdString());
+    if (!bytes)
+        return {};
+    auto parsed = model::SharedData::parse(bytes.value(), "velmora.db");
+    return parsed ? parsed.take() : model::SharedData{};
+}
+
+std::size_t daysInFile(const QString& path)
+{
+    const auto bytes = model::readWholeFile(path.toStdString());
+    if (!bytes)
+        return 0;
+    auto parsed = model::UserJournal::parse(bytes.value(), "user");
+    return parsed ? parsed.value().days.size() : 0;
+}
+
+QDateTime modified(const QString& path)
+{
+    return QFileInfo(path).fileTime(QFileDevice::FileModificationTime);
+}
+
+std::vector<std::string> names(app::Application& app)
+{
+    return app.store().shared.userNames;
+}
+
+model::JournalDay dayNumber(int n)
+{
+    return test::dayWithMeal(1600000000 + 86400 * n, 0, {{1000, 1.5f}});
+}
+
+} // namespace
+
+class TestAppUsers : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_settings.isValid());
+        test::usePrivateSettings(m_settings.path());
+    }
+
+    void init()
+    {
+        QSettings().clear();
+        QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
+    }
+
+    void firstStartShowsInitialSetupAndNextMakesTheNewUser()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        ModalScript script;
+        script
+            .expect(QStringLiteral("Initial Setup"),
+                    [](QWidget* w) { click(w, QStringLiteral("Next >>")); })
+            .expect(QStringLiteral("New User"),
+                    [](QWidget* w) {
+                        w->findChild<QLineEdit*>(QStringLiteral("userName"))
+                            ->setText(QStringLiteral("zoë"));
+                        click(w, QStringLiteral("OK"));
+                    })
+            .expect(QStringLiteral("*"), [](QWidget* w) { w->close(); }); // the diet goals
+
+        app::Application app({dir.path(), false, true});
+        QVERIFY(app.start());
+        QVERIFY(script.finished());
+        QCOMPARE(script.unexpected(), QStringList());
+
+        // The name is stored with its first letter upper-cased, in the files' encoding.
+        const std::string zoe = model::utf8ToCp1252("Zoë");
+        QCOMPARE(names(app), (std::vector<std::string>{"Example User", zoe}));
+        QCOMPARE(int(app.store().shared.currentUser), 1);
+        QCOMPARE(app.window()->windowTitle(), QStringLiteral("Zoë - Velmora"));
+
+        // Both files were written before the switch: the names, and the example user's journal.
+        QCOMPARE(readShared(dir).userNames, (std::vector<std::string>{"Example User", zoe}));
+        QVERIFY(QFile::exists(fileIn(dir, QStringLiteral("Example User.db"))));
+        const int savesBeforeExit = app.window()->session().saveCount();
+        QCOMPARE(savesBeforeExit, 1);
+
+        // Shut-down writes both files again, now with the new user current.
+        app.window()->close();
+        QCOMPARE(app.window()->session().saveCount(), savesBeforeExit + 1);
+        QCOMPARE(int(readShared(dir).currentUser), 1);
+        const auto zoeFile = app.store().userFilePath(1);
+        QVERIFY(zoeFile && std::filesystem::exists(*zoeFile));
+        std::filesystem::remove(*zoeFile);
+    }
+
+    void duplicateNameIsRefusedAndTheDialogStaysOpen()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        bool stillOpen = false;
+        QString typed;
+        ModalScript script;
+        script
+            .expect(QStringLiteral("Initial Setup"),
+                    [](QWidget* w) { click(w, QStringLiteral("Next >>")); })
+            .expect(QStringLiteral("New User"),
+                    [](QWidget* w) {
+                        // Equal to the example user once its first letter is upper-cased.
+                        w->findChild<QLineEdit*>(QStringLiteral("userName"))
+                            ->setText(QStringLiteral("example User"));
+                        click(w, QStringLiteral("OK"));
+                    })
+            .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("OK")); })
+            .expect(QStringLiteral("New User"),
+                    [&](QWidget* w) {
+                        stillOpen = w->isVisible();
+                        typed = w->findChild<QLineEdit*>(QStringLiteral("userName"))->text();
+                        click(w, QStringLiteral("Cancel"));
+                    })
+            .expect(QStringLiteral("Initial Setup"),
+                    [](QWidget* w) { click(w, QStringLiteral("Skip")); });
+
+        app::Application app({dir.path(), false, true});
+        QVERIFY(app.start());
+        QVERIFY(script.finished());
+        QCOMPARE(script.unexpected(), QStringList());
+        QCOMPARE(
+            script.messages(),
+            QStringList{QStringLiteral("This user name is already taken.  Choose a unique name.")});
+        QVERIFY(stillOpen);
+        QCOMPARE(typed, QStringLiteral("example User"));
+        QCOMPARE(names(app), std::vector<std::string>{"Example User"});
+        QCOMPARE(int(app.store().shared.currentUser), 0);
+        QCOMPARE(app.window()->session().saveCount(), 0);
+        QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("velmora.db"))));
+    }
+
+    void newNamesAreCheckedAsFileNamesAndAgainstExistingNames_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("accepted");
+        QTest::addColumn<bool>("duplicate");
+        QTest::newRow("same name") << QStringLiteral("Example User") << false << true;
+        QTest::newRow("lower-case first letter") << QStringLiteral("example User") << false << true;
+        QTest::newRow("all capitals") << QStringLiteral("EXAMPLE USER") << true << false;
+        QTest::newRow("empty") << QString() << false << false;
+        QTest::newRow("blanks only") << QStringLiteral("   ") << false << false;
+        QTest::newRow("path separator") << QStringLiteral("../evil") << false << false;
+        QTest::newRow("backslash") << QStringLiteral("a\\b") << false << false;
+        QTest::newRow("reserved") << QStringLiteral("CON") << false << false;
+        QTest::newRow("trailing dot") << QStringLiteral("Ann.") << false << false;
+        QTest::newRow("accented") << QStringLiteral("émile") << true << false;
+    }
+
+    void newNamesAreCheckedAsFileNamesAndAgainstExistingNames()
+    {
+        QFETCH(QString, typed);
+        QFETCH(bool, accepted);
+        QFETCH(bool, duplicate);
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        const QString problem = app.window()->session().newNameProblem(typed);
+        QCOMPARE(problem.isEmpty(), accepted);
+        QCOMPARE(app::UserSession::isDuplicate(problem), duplicate);
+    }
+
+    void the256thUserIsRefused()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        app::UserSession& session = app.window()->session();
+        for (int i = 1; i < 255; ++i) {
+            QVERIFY(session.newNameProblem(QStringLiteral("User %1").arg(i)).isEmpty());
+            session.addUser("User " + std::to_string(i));
+        }
+        QCOMPARE(names(app).size(), std::size_t{255});
+        const QString problem = session.newNameProblem(QStringLiteral("One Too Many"));
+        QVERIFY(problem.contains(QStringLiteral("255")));
+        QVERIFY(!app::UserSession::isDuplicate(problem));
+        // The 255 names survive a save and a reload.
+        app.window()->close();
+        QCOMPARE(readShared(dir).userNames.size(), std::size_t{255});
+    }
+
+    void loginToTheCurrentUserSavesNothingAndToAnotherSavesAndLoads()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        app::UserSession& session = app.window()->session();
+        model::Store& store = app.store();
+        // Alice keeps one day, Bob two.
+        QVERIFY(session.switchTo(session.addUser("Alice")));
+        store.journal.days.push_back(dayNumber(1));
+        QVERIFY(session.switchTo(session.addUser("Bob")));
+        store.journal.days.push_back(dayNumber(2));
+        store.journal.days.push_back(dayNumber(3));
+        QVERIFY(session.switchTo(1));
+        QCOMPARE(store.journal.days.size(), std::size_t{1});
+        QCOMPARE(daysInFile(fileIn(dir, QStringLiteral("Bob.db"))), std::size_t{2});
+
+        app.window()->saveNow(); // the quiet save that adding the users scheduled
+        const QString sharedFile = fileIn(dir, QStringLiteral("velmora.db"));
+        const QString aliceFile = fileIn(dir, QStringLiteral("Alice.db"));
+        // Alice's file exists from her first switch away.
+        const QDateTime sharedBefore = modified(sharedFile);
+        const QDateTime aliceBefore = modified(aliceFile);
+        const int saves = session.saveCount();
+        QTest::qWait(20);
+
+        ModalScript same;
+        same.expect(QStringLiteral("User Login"),
+                    [](QWidget* w) { click(w, QStringLiteral("Login")); });
+        app.window()->userLogin();
+        QVERIFY(same.finished());
+        QCOMPARE(session.saveCount(), saves);
+        QCOMPARE(modified(sharedFile), sharedBefore);
+        QCOMPARE(modified(aliceFile), aliceBefore);
+        QCOMPARE(int(store.shared.currentUser), 1);
+        QCOMPARE(store.journal.days.size(), std::size_t{1});
+
+        // Alice gains a day in memory; logging in as Bob writes it and loads Bob's two days.
+        store.journal.days.push_back(dayNumber(4));
+        QStringList listed;
+        ModalScript other;
+        other.expect(QStringLiteral("User Login"), [&](QWidget* w) {
+            auto* users = w->findChild<QComboBox*>(QStringLiteral("users"));
+            for (int i = 0; i < users->count(); ++i)
+                listed.append(users->itemText(i));
+            QCOMPARE(users->currentIndex(), 1);
+            users->setCurrentIndex(2);
+            click(w, QStringLiteral("Login"));
+        });
+        app.window()->userLogin();
+        QVERIFY(other.finished());
+        QCOMPARE(listed, (QStringList{QStringLiteral("Example User"), QStringLiteral("Alice"),
+                                      QStringLiteral("Bob")}));
+        QCOMPARE(session.saveCount(), saves + 1);
+        QCOMPARE(int(store.shared.currentUser), 2);
+        QCOMPARE(store.journal.days.size(), std::size_t{2});
+        QCOMPARE(daysInFile(aliceFile), std::size_t{2});
+        QCOMPARE(app.window()->windowTitle(), QStringLiteral("Bob - Velmora"));
+    }
+
+    void deletingTheCurrentUserMakesTheFirstUserCurrent()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        app::UserSession& session = app.window()->session();
+        model::Store& store = app.store();
+        QVERIFY(session.switchTo(session.addUser("Alice")));
+        QVERIFY(session.switchTo(session.addUser("Bob")));
+        store.journal.days.push_back(dayNumber(1));
+        QVERIFY(session.switchTo(1));
+        QVERIFY(session.switchTo(2));
+        QVERIFY(QFile::exists(fileIn(dir, QStringLiteral("Bob.db"))));
+
+        QStringList afterDelete;
+        ModalScript script;
+        script
+            .expect(QStringLiteral("User Login"),
+                    [](QWidget* w) { click(w, QStringLiteral("Delete Selected User")); })
+            .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("Yes")); })
+            .expect(QStringLiteral("User Login"), [&](QWidget* w) {
+                auto* users = w->findChild<QComboBox*>(QStringLiteral("users"));
+                for (int i = 0; i < users->count(); ++i)
+                    afterDelete.append(users->itemText(i));
+                click(w, QStringLiteral("Cancel"));
+            });
+        app.window()->userLogin();
+        QVERIFY(script.finished());
+        QCOMPARE(script.messages(), QStringList{update::messageText(update::MsgDeleteUser)});
+        QCOMPARE(afterDelete,
+                 (QStringList{QStringLiteral("Example User"), QStringLiteral("Alice")}));
+        QCOMPARE(names(app), (std::vector<std::string>{"Example User", "Alice"}));
+        QCOMPARE(int(store.shared.currentUser), 0);
+        QVERIFY(store.journal.days.empty());
+        QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("Bob.db"))));
+        QCOMPARE(app.window()->windowTitle(), QStringLiteral("Example User - Velmora"));
+    }
+
+    void answeringNoKeepsTheUser()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        app.window()->session().addUser("Alice");
+        ModalScript script;
+        script
+            .expect(QStringLiteral("User Login"),
+                    [](QWidget* w) { click(w, QStringLiteral("Delete Selected User")); })
+            .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("No")); })
+            .expect(QStringLiteral("User Login"),
+                    [](QWidget* w) { click(w, QStringLiteral("Cancel")); });
+        app.window()->userLogin();
+        QVERIFY(script.finished());
+        QCOMPARE(names(app), (std::vector<std::string>{"Example User", "Alice"}));
+    }
+
+    void deletingTheOnlyUserBringsBackTheExampleUser()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        app.window()->session().deleteUser(0);
+        QCOMPARE(names(app), std::vector<std::string>{"Example User"});
+        QCOMPARE(int(app.store().shared.currentUser), 0);
+        QVERIFY(!app.store().shared.exercises.empty());
+    }
+
+    void shutDownSavesBothFiles()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        app.store().journal.days.push_back(dayNumber(7));
+        app.window()->close();
+        QCOMPARE(readShared(dir).userNames, std::vector<std::string>{"Example User"});
+        QCOMPARE(daysInFile(fileIn(dir, QStringLiteral("Example User.db"))), std::size_t{1});
+    }
+
+    void withoutTheFoodDatabaseTheUserIsToldAndNothingIsSaved()
+    {
+        QTemporaryDir dir;
+        ModalScript script;
+        script.expect(QStringLiteral("Velmora"),
+                      [](QWidget* w) { click(w, QStringLiteral("OK")); });
+        app::Application app({dir.path(), false, true});
+        QVERIFY(app.start());
+        QVERIFY(script.finished());
+        QCOMPARE(script.unexpected(), QStringList()); // and no Initial Setup over an unloaded store
+        QCOMPARE(script.messages().size(), 1);
+        QVERIFY(script.messages().first().contains(QStringLiteral("foods.db")));
+        QVERIFY(script.messages().first().contains(QDir::toNativeSeparators(dir.path())));
+        app.window()->close();
+        QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("velmora.db"))));
+        QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("Example User.db"))));
+    }
+
+    void aFailedSaveShowsTheSystemsErrorText()
+    {
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        app::Application app({dir.path(), false, false});
+        QVERIFY(app.start());
+        // A folder in the way of "velmora.db" makes the rename fail.
+        QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("velmora.db")));
+        QFile blocker(fileIn(dir, QStringLiteral("velmora.db/keep")));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        ModalScript script;
+        script.expect(QStringLiteral("Velmora"),
+                      [](QWidget* w) { click(w, QStringLiteral("OK")); });
+        QVERIFY(!app.window()->session().save(false));
+        QTRY_VERIFY(script.finished());
+        QCOMPARE(script.messages().size(), 1);
+        QVERIFY(script.messages().first().startsWith(
+            QStringLiteral("Could not save \"velmora.db\".\n\n")));
+        QVERIFY(script.messages().first().size() >
+                QStringLiteral("Could not save \"velmora.db\".\n\n").size());
+    }
+
+private:
+    QTemporaryDir m_settings;
+};
+
+QTEST_MAIN(TestAppUsers)
+#include "test_app_users.moc"
