@@ -227,6 +227,11 @@ double FoodChooser::amountToAdd() const
     return m_amount->value() * m_measureFactor;
 }
 
+void FoodChooser::commitAmount()
+{
+    m_amount->interpretText();
+}
+
 void FoodChooser::selectFood(std::int32_t number)
 {
     for (int row = 0; row < m_foods->count(); ++row) {

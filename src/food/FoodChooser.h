@@ -46,6 +46,9 @@ public:
     const model::FoodItem* selectedFood() const;
     // What "&Add >>" adds: amount x measure factor (servings for custom foods).
     double amountToAdd() const;
+    // Takes over a number still being typed in the amount box (a shortcut may add before the box
+    // has finished editing).
+    void commitAmount();
     // Selects the row of a food when the list shows it.
     void selectFood(std::int32_t number);
 

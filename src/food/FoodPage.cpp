@@ -283,6 +283,7 @@ void FoodPage::applyEnabling()
 
 void FoodPage::addSelectedFood()
 {
+    m_chooser->commitAmount();
     const model::FoodItem* food = m_chooser->selectedFood();
     if (!food)
         return;
