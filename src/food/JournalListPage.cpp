@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QEvent>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -74,6 +75,7 @@ JournalListPage::JournalListPage(app::AppContext& context, QWidget* parent)
     connect(m_tree, &QTreeWidget::itemSelectionChanged, this, &JournalListPage::updateButtons);
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
             &JournalListPage::onSectionResized);
+    m_tree->viewport()->installEventFilter(this);
 
     rebuild();
 }
@@ -153,6 +155,7 @@ void JournalListPage::rebuild()
             break;
         }
         item->setText(0, QString::fromStdString(row.label));
+        item->setToolTip(0, item->text(0));
         for (std::size_t c = 0; c < row.values.size(); ++c) {
             const int column = static_cast<int>(c) + 1;
             item->setText(column, QString::fromStdString(columnValueText(row.values[c])));
@@ -172,7 +175,28 @@ void JournalListPage::rebuild()
     if (toSelect != nullptr)
         m_tree->setCurrentItem(toSelect);
     m_building = false;
+    fitFirstColumn();
     updateButtons();
+}
+
+bool JournalListPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_tree->viewport() && event->type() == QEvent::Resize)
+        fitFirstColumn();
+    return app::Page::eventFilter(watched, event);
+}
+
+void JournalListPage::fitFirstColumn()
+{
+    if (context().store().journal.user.listColumnWidths[0] > 0)
+        return;
+    int others = 0;
+    for (int c = 1; c < m_tree->columnCount(); ++c)
+        others += m_tree->columnWidth(c);
+    const int width = std::max(DefaultFirstColumnWidth, m_tree->viewport()->width() - others);
+    m_building = true;
+    m_tree->setColumnWidth(0, width);
+    m_building = false;
 }
 
 void JournalListPage::onDelete()

@@ -20,8 +20,13 @@ public:
     void storePage() override;
     QString pageTitle() const override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void rebuild();
+    // Without a saved width the first column takes the room the value columns leave.
+    void fitFirstColumn();
     void setUpColumns();
     void onDelete();
     void onColumns();
