@@ -8,6 +8,7 @@
 
 #include "app/AppContext.h"
 #include "app/Page.h"
+#include "food/JournalListPage.h"
 #include "update/Messages.h"
 
 namespace velmora::app {
@@ -49,7 +50,7 @@ Page* createPage(int index, AppContext& context, QWidget* parent)
     case 1:
         return new TitlePage(QStringLiteral("Health"), context, parent);
     case 2:
-        return new TitlePage(QStringLiteral("Journal List"), context, parent);
+        return new food::JournalListPage(context, parent);
     case 3:
         return new TitlePage(QStringLiteral("Journal Notes"), context, parent);
     case 4:
