@@ -8,6 +8,8 @@
 
 #include "app/AppContext.h"
 #include "app/Page.h"
+#include "food/FoodFinderDialog.h"
+#include "food/FoodPage.h"
 #include "food/JournalListPage.h"
 #include "update/Messages.h"
 
@@ -46,7 +48,7 @@ Page* createPage(int index, AppContext& context, QWidget* parent)
 {
     switch (index) {
     case 0:
-        return new TitlePage(QStringLiteral("Food"), context, parent);
+        return new food::FoodPage(context, parent);
     case 1:
         return new TitlePage(QStringLiteral("Health"), context, parent);
     case 2:
@@ -64,8 +66,8 @@ Page* createPage(int index, AppContext& context, QWidget* parent)
 
 void openFoodFinder(AppContext& context)
 {
-    update::showMessageText(context.mainWindow(),
-                            QStringLiteral("The Food Finder is not available yet."));
+    food::FoodFinderDialog dialog(context, context.mainWindow());
+    dialog.exec();
 }
 
 void openDietGoals(AppContext& context)
