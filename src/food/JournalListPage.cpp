@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QShortcut>
 #include <QEvent>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -76,6 +77,9 @@ JournalListPage::JournalListPage(app::AppContext& context, QWidget* parent)
     connect(m_tree->header(), &QHeaderView::sectionResized, this,
             &JournalListPage::onSectionResized);
     m_tree->viewport()->installEventFilter(this);
+    auto* deleteKey =
+        new QShortcut(QKeySequence::Delete, m_tree, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, this, &JournalListPage::onDelete);
 
     rebuild();
 }

@@ -6,6 +6,9 @@
 #include <QComboBox>
 #include <QDateTime>
 #include <QHeaderView>
+#include <QListWidget>
+#include <QMenu>
+#include <QRadioButton>
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -15,6 +18,7 @@
 
 #include "app/AppContext.h"
 #include "food/ChooseColumnsDialog.h"
+#include "food/ConfigureDisplaysDialog.h"
 #include "food/JournalListPage.h"
 #include "model/DateText.h"
 #include "model/Store.h"
@@ -84,6 +88,7 @@ private slots:
     void deleteRemovesAFoodOnlyAfterYes();
     void columnsChangeTheColumns();
     void resizedColumnWidthIsKept();
+    void configureDisplaysEditsTheDetailsAndPies();
 
 private:
     QTemporaryDir m_settings;
@@ -244,6 +249,61 @@ void JournalListTest::resizedColumnWidthIsKept()
     }
     food::JournalListPage again(*m_context);
     QCOMPARE(again.findChild<QTreeWidget*>()->columnWidth(1), 123);
+}
+
+void JournalListTest::configureDisplaysEditsTheDetailsAndPies()
+{
+    model::User& user = m_context->m_store.journal.user;
+    user.setDetailsList({208, 203, 205});
+    user.goalNutrients = {291, 204};
+    user.pie1Mode = 1;
+    food::ConfigureDisplaysDialog dialog(*m_context);
+    QCOMPARE(dialog.windowTitle(), QStringLiteral("Configure Displays"));
+    auto* list = dialog.findChild<QListWidget*>();
+    QPushButton* up = buttonOf(&dialog, QStringLiteral("&Up"));
+    QPushButton* down = buttonOf(&dialog, QStringLiteral("&Down"));
+    QPushButton* remove = buttonOf(&dialog, QStringLiteral("&Remove"));
+    QCOMPARE(list->count(), 3);
+    QCOMPARE(list->item(0)->text(), QStringLiteral("N208"));
+
+    list->setCurrentRow(0);
+    QVERIFY(!up->isEnabled());
+    QVERIFY(down->isEnabled());
+    QVERIFY(remove->isEnabled());
+    list->setCurrentRow(2);
+    QVERIFY(up->isEnabled());
+    QVERIFY(!down->isEnabled());
+    up->click();
+    QCOMPARE(list->currentRow(), 1);
+    QCOMPARE(list->item(1)->text(), QStringLiteral("N205"));
+
+    // "&Add" offers the goal list; the second entry is fat.
+    auto* timer = new QTimer(&dialog);
+    timer->setInterval(10);
+    connect(timer, &QTimer::timeout, [timer] {
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            timer->stop();
+            QCOMPARE(menu->actions().size(), 2);
+            QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Return);
+        }
+    });
+    timer->start();
+    buttonOf(&dialog, QStringLiteral("&Add"))->click();
+    QCOMPARE(list->count(), 4);
+    QCOMPARE(list->item(3)->text(), QStringLiteral("N204"));
+
+    for (QRadioButton* r : dialog.findChildren<QRadioButton*>())
+        if (r->text() == QStringLiteral("Daily Goals Graph")) {
+            r->setChecked(true); // the first group's comes first
+            break;
+        }
+    dialog.accept();
+    QCOMPARE(user.detailsList(), (std::vector<model::NutrientId>{208, 205, 203, 204}));
+    QCOMPARE(user.pie1Mode, 3);
+    QCOMPARE(user.pie2Mode, 2);
+    QVERIFY(m_context->modified > 0);
 }
 
 QTEST_MAIN(JournalListTest)
