@@ -27,17 +27,19 @@ QString aboutText(const QString& sourceRelease)
     const QString versionText =
         QStringLiteral("%1.%2").arg(version / 100).arg(version % 100, 2, 10, QLatin1Char('0'));
     const QString source =
-        sourceRelease.isEmpty() ? QStringLiteral("no food database loaded") : sourceRelease;
+        sourceRelease.isEmpty()
+            ? QStringLiteral("the loaded foods.db does not record its source release")
+            : sourceRelease.toHtmlEscaped();
     return QStringLiteral(
                "<h3>Velmora %1</h3>"
                "<p>A health and fitness journal: foods, health values, notes and workouts, "
                "day by day.</p>"
-               "<p><b>Food data:</b> %2, the USDA National Nutrient Database for Standard "
-               "Reference, a work of the United States Department of Agriculture in the "
-               "public domain.</p>"
+               "<p><b>Food data:</b> %2. The nutrient values come from the USDA National "
+               "Nutrient Database for Standard Reference, a work of the United States "
+               "Department of Agriculture in the public domain.</p>"
                "<p><b>Built with:</b> Qt %3, used under the GNU Lesser General Public "
                "License version 3.</p>")
-        .arg(versionText, source.toHtmlEscaped(), QString::fromLatin1(qVersion()));
+        .arg(versionText, source, QString::fromLatin1(qVersion()));
 }
 
 void showAbout(QWidget* parent, const QString& sourceRelease)
