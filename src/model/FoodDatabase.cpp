@@ -39,17 +39,21 @@ FoodItem readFood(ArchiveReader& in)
 
 } // namespace
 
-Result<FoodDatabase> FoodDatabase::parse(std::span<const std::uint8_t> bytes,
-                                         const std::string& fileName)
+// Reads the four collections into db, each taken over only once complete.
+void FoodDatabase::readFrom(ArchiveReader& in, FoodDatabase& db)
 {
-    return parseArchive<FoodDatabase>(bytes, fileName, [](ArchiveReader& in) {
-        FoodDatabase db;
-        const std::size_t foods = in.count(MinFoodSize, true);
-        db.m_foods.reserve(foods);
-        db.m_byNumber.reserve(foods);
-        for (std::size_t i = 0; i < foods; ++i)
-            db.addFood(readFood(in));
-
+    {
+        const std::size_t count = in.count(MinFoodSize, true);
+        std::vector<FoodItem> foods;
+        foods.reserve(count);
+        for (std::size_t i = 0; i < count; ++i)
+            foods.push_back(readFood(in));
+        db.m_foods.reserve(count);
+        db.m_byNumber.reserve(count);
+        for (FoodItem& f : foods)
+            db.addFood(std::move(f));
+    }
+    {
         const std::size_t entries = in.count(MinCatalogueEntrySize, true);
         std::vector<NutrientDef> catalogue;
         catalogue.reserve(entries);
@@ -61,29 +65,58 @@ Result<FoodDatabase> FoodDatabase::parse(std::span<const std::uint8_t> bytes,
             catalogue.push_back(std::move(d));
         }
         db.m_catalogue.setFileEntries(std::move(catalogue));
-
-        const std::size_t groups = in.count(MinGroupSize, true);
-        db.m_groups.reserve(groups);
-        for (std::size_t i = 0; i < groups; ++i) {
+    }
+    {
+        const std::size_t count = in.count(MinGroupSize, true);
+        std::vector<FoodGroup> groups;
+        groups.reserve(count);
+        for (std::size_t i = 0; i < count; ++i) {
             FoodGroup g;
             g.number = in.i32();
             g.name = in.text();
-            db.m_groups.push_back(std::move(g));
+            groups.push_back(std::move(g));
         }
-
-        const std::size_t intakes = in.count(IntakeSize, true);
-        db.m_intakes.reserve(intakes);
-        for (std::size_t i = 0; i < intakes; ++i) {
+        db.m_groups = std::move(groups);
+    }
+    {
+        const std::size_t count = in.count(IntakeSize, true);
+        std::vector<IntakeRecord> intakes;
+        intakes.reserve(count);
+        for (std::size_t i = 0; i < count; ++i) {
             IntakeRecord r;
             r.nutrient = in.i32();
             for (int g = 0; g < LifeStageGroupCount; ++g) {
                 r.recommended[static_cast<std::size_t>(g)] = in.f32();
                 r.second[static_cast<std::size_t>(g)] = in.u32();
             }
-            db.m_intakes.push_back(r);
+            intakes.push_back(r);
         }
+        db.m_intakes = std::move(intakes);
+    }
+}
+
+Result<FoodDatabase> FoodDatabase::parse(std::span<const std::uint8_t> bytes,
+                                         const std::string& fileName)
+{
+    return parseArchive<FoodDatabase>(bytes, fileName, [](ArchiveReader& in) {
+        FoodDatabase db;
+        readFrom(in, db);
         return db;
     });
+}
+
+Salvaged<FoodDatabase> FoodDatabase::salvage(std::span<const std::uint8_t> bytes,
+                                             const std::string& fileName)
+{
+    Salvaged<FoodDatabase> out;
+    ArchiveReader in(bytes);
+    try {
+        readFrom(in, out.value);
+    } catch (const ArchiveError& e) {
+        out.error = FileError{e.code(), fileName, e.offset(), e.what()};
+        out.complete = false;
+    }
+    return out;
 }
 
 Result<FoodDatabase> FoodDatabase::load(const std::filesystem::path& path)

@@ -13,6 +13,8 @@
 
 namespace velmora::model {
 
+class ArchiveReader;
+
 // The read-only reference data of "foods.db": catalogue, food groups, recommended-intake table and
 // the database foods with a number-keyed lookup. Custom foods live in the user database.
 class FoodDatabase
@@ -20,8 +22,12 @@ class FoodDatabase
 public:
     // Parses a whole "foods.db" image. The file has no header; four collections follow each other:
     // foods, catalogue entries, food groups, intake records. Counts of 0 or less read nothing.
-    static Result<FoodDatabase> parse(std::span<const std::uint8_t> bytes, const std::string& fileName);
+    static Result<FoodDatabase> parse(std::span<const std::uint8_t> bytes,
+                                      const std::string& fileName);
     static Result<FoodDatabase> load(const std::filesystem::path& path);
+    // Reads what can be read completely from a damaged image: each collection whole or not at all.
+    static Salvaged<FoodDatabase> salvage(std::span<const std::uint8_t> bytes,
+                                          const std::string& fileName);
     // Serialises in the same layout (only the catalogue's file entries are written).
     std::vector<std::uint8_t> serialize() const;
 
@@ -37,7 +43,10 @@ public:
     void addFood(FoodItem food);
     void addGroup(FoodGroup group) { m_groups.push_back(std::move(group)); }
     void addIntake(IntakeRecord record) { m_intakes.push_back(std::move(record)); }
-    void setCatalogue(std::vector<NutrientDef> entries) { m_catalogue.setFileEntries(std::move(entries)); }
+    void setCatalogue(std::vector<NutrientDef> entries)
+    {
+        m_catalogue.setFileEntries(std::move(entries));
+    }
 
     // A database food by number through the map; numbers of 70000 and up are never found here.
     const FoodItem* findDatabaseFood(std::int32_t number) const;
@@ -53,6 +62,8 @@ public:
     static bool isSourceGroup(const FoodGroup& g) { return g.number == SourceGroupNumber; }
 
 private:
+    static void readFrom(ArchiveReader& in, FoodDatabase& db);
+
     NutrientCatalogue m_catalogue;
     std::vector<FoodItem> m_foods;
     std::vector<FoodGroup> m_groups;

@@ -8,24 +8,25 @@
 namespace velmora::model {
 
 // Why a file could not be read or written. Tests compare codes; errorText() words them for people.
-enum class FileErrorCode {
-    NotFound,       // the file does not exist
-    CannotOpen,     // it exists but could not be opened for reading
-    CannotWrite,    // creating, writing, flushing or renaming the new file failed
-    UnexpectedEnd,  // the file ends before the record being read is complete
-    BadCount,       // a count is negative or larger than the bytes that remain could hold
-    BadLength,      // a text length prefix claims more bytes than remain
-    TrailingBytes,  // bytes are left after the last record (only where a format forbids that)
-    BadValue,       // a value is out of the range its field allows
-    UnsafeName,     // a user name that cannot name a file inside the data folder
+enum class FileErrorCode
+{
+    NotFound,      // the file does not exist
+    CannotOpen,    // it exists but could not be opened for reading
+    CannotWrite,   // creating, writing, flushing or renaming the new file failed
+    UnexpectedEnd, // the file ends before the record being read is complete
+    BadCount,      // a count is negative or larger than the bytes that remain could hold
+    BadLength,     // a text length prefix claims more bytes than remain
+    TrailingBytes, // bytes are left after the last record (only where a format forbids that)
+    BadValue,      // a value is out of the range its field allows
+    UnsafeName,    // a user name that cannot name a file inside the data folder
 };
 
 struct FileError
 {
     FileErrorCode code = FileErrorCode::CannotOpen;
-    std::string file;        // the file's path or name as the caller gave it
+    std::string file;         // the file's path or name as the caller gave it
     std::uint64_t offset = 0; // byte offset of the failing read, for damaged files
-    std::string detail;      // what was expected, or the operating system's error text
+    std::string detail;       // what was expected, or the operating system's error text
 
     // One line for a message box or a terminal, e.g.
     // "velmora.db is damaged at byte 1234: a text length runs past the end of the file".
@@ -36,8 +37,7 @@ struct FileError
 std::string errorText(FileErrorCode code);
 
 // Either a value or the error that prevented it.
-template <class T>
-class Result
+template <class T> class Result
 {
 public:
     Result(T value) : m_data(std::move(value)) {}
@@ -69,6 +69,16 @@ public:
 private:
     FileError m_error;
     bool m_failed = false;
+};
+
+// What a reader could take from a damaged file: the parts it read completely, and the error
+// that stopped it (complete is true when nothing was wrong).
+template <class T> struct Salvaged
+{
+    T value{};
+    FileError error;
+    bool complete = true;
+    int partsRead = 0; // how many of the file's parts were read whole, where a reader counts them
 };
 
 } // namespace velmora::model

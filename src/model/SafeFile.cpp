@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <random>
 #include <string>
 #include <system_error>
@@ -66,7 +67,60 @@ bool syncFile(std::FILE* f)
 
 } // namespace
 
-Status writeFileAtomically(const fs::path& path, std::span<const std::uint8_t> bytes)
+fs::path backupPathFor(const fs::path& path)
+{
+    fs::path b = path;
+    b += ".bak";
+    return b;
+}
+
+namespace {
+
+// Makes "<file>.bak" hold the current content of path: a hard link where the file system has
+// them (no bytes copied, and the old content stays reachable after the rename that follows),
+// a copy elsewhere. The new backup replaces the old one in one rename.
+void keepBackupOf(const fs::path& path)
+{
+    std::error_code ec;
+    if (!fs::exists(path, ec))
+        return;
+    const fs::path backup = backupPathFor(path);
+    const fs::path temp = temporaryBeside(backup);
+    fs::create_hard_link(path, temp, ec);
+    if (ec) {
+        ec.clear();
+        fs::copy_file(path, temp, fs::copy_options::overwrite_existing, ec);
+    }
+    if (!ec)
+        fs::rename(temp, backup, ec);
+    if (ec) {
+        std::error_code ignored;
+        fs::remove(temp, ignored);
+    }
+}
+
+} // namespace
+
+Result<fs::path> moveAside(const fs::path& path)
+{
+    std::time_t now = std::time(nullptr);
+    char stamp[32];
+    std::strftime(stamp, sizeof stamp, "%Y%m%d-%H%M%S", std::localtime(&now));
+    fs::path target = path;
+    target += std::string(".damaged-") + stamp;
+    std::error_code ec;
+    for (int n = 2; fs::exists(target, ec) || fs::is_symlink(target, ec); ++n) {
+        target = path;
+        target += std::string(".damaged-") + stamp + "-" + std::to_string(n);
+    }
+    fs::rename(path, target, ec);
+    if (ec)
+        return FileError{FileErrorCode::CannotWrite, path.string(), 0, ec.message()};
+    return target;
+}
+
+Status writeFileAtomically(const fs::path& path, std::span<const std::uint8_t> bytes,
+                           KeepBackup keep)
 {
     const std::string name = path.string();
     const fs::path temp = temporaryBeside(path);
@@ -92,6 +146,8 @@ Status writeFileAtomically(const fs::path& path, std::span<const std::uint8_t> b
         fs::remove(temp, ec);
         return FileError{FileErrorCode::CannotWrite, name, 0, std::strerror(err)};
     }
+    if (keep == KeepBackup::Yes)
+        keepBackupOf(path);
     fs::rename(temp, path, ec);
     if (ec) {
         std::error_code ignored;

@@ -28,22 +28,94 @@ std::optional<fs::path> Store::userFilePath(std::size_t k) const
     return m_dataDir / (name + ".db");
 }
 
+namespace {
+
+// A backup beside path that reads completely with parse, or an empty path.
+template <class Parse> fs::path usableBackup(const fs::path& path, Parse&& parse)
+{
+    const fs::path backup = backupPathFor(path);
+    auto bytes = readWholeFile(backup);
+    if (!bytes || !parse(bytes.value(), backup.string()))
+        return {};
+    return backup;
+}
+
+} // namespace
+
+Store::DamagedFile Store::setAside(DamagedFile::Kind kind, const fs::path& path,
+                                   const FileError& error)
+{
+    DamagedFile damaged;
+    damaged.kind = kind;
+    damaged.error = error;
+    switch (kind) {
+    case DamagedFile::Kind::Foods:
+        damaged.backup = usableBackup(
+            path, [](auto& b, const auto& n) { return FoodDatabase::parse(b, n).ok(); });
+        break;
+    case DamagedFile::Kind::Shared:
+        damaged.backup =
+            usableBackup(path, [](auto& b, const auto& n) { return SharedData::parse(b, n).ok(); });
+        break;
+    case DamagedFile::Kind::User:
+        damaged.backup = usableBackup(
+            path, [](auto& b, const auto& n) { return UserJournal::parse(b, n).ok(); });
+        break;
+    }
+    auto moved = moveAside(path);
+    if (moved)
+        damaged.movedTo = moved.value();
+    return damaged;
+}
+
 Store::LoadReport Store::load()
 {
     LoadReport report;
     m_sharedDamaged = false;
     m_userDamaged = false;
+    m_loaded = false;
+    m_lastUserDamage.reset();
 
-    auto foodsRead = FoodDatabase::load(m_foodsPath);
-    if (!foodsRead) {
-        // Without a food database nothing else is loaded; a missing file is not an error.
-        if (foodsRead.error().code != FileErrorCode::NotFound)
-            report.errors.push_back(foodsRead.error());
+    auto foodBytes = readWholeFile(m_foodsPath);
+    if (!foodBytes) {
+        // Without a food database nothing else is loaded, and so nothing may be saved either.
+        if (foodBytes.error().code == FileErrorCode::NotFound)
+            report.foodsMissing = true;
+        else
+            report.errors.push_back(foodBytes.error());
         return report;
     }
-    foods = foodsRead.take();
+    auto foodsRead = FoodDatabase::parse(foodBytes.value(), m_foodsPath.string());
+    if (foodsRead) {
+        foods = foodsRead.take();
+    } else {
+        // The collections read completely are used; the journals only refer to foods by number,
+        // so nothing of the user's data is lost by a partial food database.
+        auto salvaged = FoodDatabase::salvage(foodBytes.value(), m_foodsPath.string());
+        foods = std::move(salvaged.value);
+        report.errors.push_back(foodsRead.error());
+        report.damaged.push_back(
+            setAside(DamagedFile::Kind::Foods, m_foodsPath, foodsRead.error()));
+    }
     report.foodsLoaded = true;
+    foodBytes = std::vector<std::uint8_t>{};
 
+    if (loadShared(report)) {
+        FileError error;
+        report.userFileRead = loadCurrentUser(&error);
+        if (!report.userFileRead && !error.file.empty()) {
+            report.errors.push_back(error);
+            if (m_lastUserDamage)
+                report.damaged.push_back(*m_lastUserDamage);
+        }
+        m_loaded = true;
+    }
+    foods.catalogue().appendComputed();
+    return report;
+}
+
+bool Store::loadShared(LoadReport& report)
+{
     auto bytes = readWholeFile(sharedPath());
     if (!bytes && bytes.error().code == FileErrorCode::NotFound) {
         shared = SharedData{};
@@ -51,31 +123,44 @@ Store::LoadReport Store::load()
         journal.user = newUserProfile(foods);
         applyExampleProfile(journal.user, shared);
         report.exampleCreated = true;
-    } else {
-        auto parsed = bytes ? SharedData::parse(bytes.value(), sharedPath().string())
-                            : Result<SharedData>(bytes.error());
-        if (!parsed) {
-            report.errors.push_back(parsed.error());
-            m_sharedDamaged = true;
-            foods.catalogue().appendComputed();
-            return report;
-        }
+        return true;
+    }
+    if (!bytes) {
+        // It exists but cannot be read: keep away from it entirely.
+        report.errors.push_back(bytes.error());
+        m_sharedDamaged = true;
+        return false;
+    }
+    auto parsed = SharedData::parse(bytes.value(), sharedPath().string());
+    if (parsed) {
         shared = parsed.take();
         report.sharedLoaded = true;
-        normalise();
+    } else {
+        auto salvaged = SharedData::salvage(bytes.value(), sharedPath().string());
+        const DamagedFile damaged =
+            setAside(DamagedFile::Kind::Shared, sharedPath(), parsed.error());
+        report.errors.push_back(parsed.error());
+        report.damaged.push_back(damaged);
+        if (damaged.movedTo.empty()) {
+            // Still in its place: it must not be written over, and nothing depends on it.
+            m_sharedDamaged = true;
+            return false;
+        }
+        shared = std::move(salvaged.value);
+        if (shared.userNames.empty()) {
+            createExampleUser(shared);
+            journal.user = newUserProfile(foods);
+            applyExampleProfile(journal.user, shared);
+        }
     }
-
-    FileError error;
-    report.userFileRead = loadCurrentUser(&error);
-    if (!report.userFileRead && m_userDamaged)
-        report.errors.push_back(error);
-    foods.catalogue().appendComputed();
-    return report;
+    normalise();
+    return true;
 }
 
 bool Store::loadCurrentUser(FileError* error)
 {
     m_userDamaged = false;
+    m_lastUserDamage.reset();
     if (shared.userNames.empty()) {
         createExampleUser(shared);
         journal.user = newUserProfile(foods);
@@ -84,12 +169,14 @@ bool Store::loadCurrentUser(FileError* error)
     std::size_t index = shared.currentUser;
     if (index >= shared.userNames.size())
         index = 0;
+    shared.currentUser = static_cast<std::uint8_t>(index);
     const auto path = userFilePath(index);
     if (!path) {
         journal.days.clear();
         m_userDamaged = true; // nothing may be written under a name that is not a safe file name
         if (error)
-            *error = FileError{FileErrorCode::UnsafeName, shared.userNames[index], 0, {}};
+            *error = FileError{FileErrorCode::UnsafeName, shared.userNames[index], 0,
+                               nameProblemText(checkUserName(shared.userNames[index]))};
         return false;
     }
     auto bytes = readWholeFile(*path);
@@ -106,27 +193,93 @@ bool Store::loadCurrentUser(FileError* error)
     }
     auto parsed = UserJournal::parse(bytes.value(), path->string());
     if (!parsed) {
-        journal.days.clear();
-        m_userDamaged = true;
+        auto salvaged = UserJournal::salvage(bytes.value(), path->string());
+        m_lastUserDamage = setAside(DamagedFile::Kind::User, *path, parsed.error());
         if (error)
             *error = parsed.error();
+        journal.days.clear();
+        if (m_lastUserDamage->movedTo.empty()) {
+            m_userDamaged = true;
+            return false;
+        }
+        // What was read completely is used: the profile record when it was whole (else the one
+        // in memory stays, as for a new user) and the day list when it was whole.
+        if (salvaged.partsRead >= 1)
+            journal.user = salvaged.value.user;
+        journal.days = std::move(salvaged.value.days);
+        normalise();
         return false;
     }
-    shared.currentUser = static_cast<std::uint8_t>(index);
     journal = parsed.take();
     normalise();
     return true;
 }
 
+Status Store::restoreSharedBackup()
+{
+    const fs::path backup = backupPathFor(sharedPath());
+    auto bytes = readWholeFile(backup);
+    if (!bytes)
+        return bytes.error();
+    if (auto parsed = SharedData::parse(bytes.value(), backup.string()); !parsed)
+        return parsed.error();
+    std::error_code ec;
+    if (fs::exists(sharedPath(), ec)) {
+        auto moved = moveAside(sharedPath());
+        if (!moved)
+            return moved.error();
+    }
+    if (Status s = writeFileAtomically(sharedPath(), bytes.value()); !s)
+        return s;
+    LoadReport report;
+    m_sharedDamaged = false;
+    if (!loadShared(report))
+        return report.errors.empty()
+                   ? FileError{FileErrorCode::CannotOpen, sharedPath().string(), 0, {}}
+                   : report.errors.front();
+    FileError error;
+    loadCurrentUser(&error);
+    m_loaded = true;
+    return Status::success();
+}
+
+Status Store::restoreUserBackup()
+{
+    const auto path = userFilePath(shared.currentUser);
+    if (!path)
+        return FileError{FileErrorCode::UnsafeName, currentUserName(), 0, {}};
+    const fs::path backup = backupPathFor(*path);
+    auto bytes = readWholeFile(backup);
+    if (!bytes)
+        return bytes.error();
+    if (auto parsed = UserJournal::parse(bytes.value(), backup.string()); !parsed)
+        return parsed.error();
+    std::error_code ec;
+    if (fs::exists(*path, ec)) {
+        auto moved = moveAside(*path);
+        if (!moved)
+            return moved.error();
+    }
+    if (Status s = writeFileAtomically(*path, bytes.value()); !s)
+        return s;
+    FileError error;
+    if (!loadCurrentUser(&error))
+        return error;
+    return Status::success();
+}
+
 Status Store::saveShared(bool release)
 {
+    if (!m_loaded)
+        return FileError{FileErrorCode::CannotWrite, sharedPath().string(), 0,
+                         "the user data was never loaded, so saving would replace it with nothing"};
     normalise();
     if (m_sharedDamaged)
         return FileError{FileErrorCode::CannotWrite, sharedPath().string(), 0,
-                         "it was damaged when loaded and is kept as it is"};
+                         "it could not be read when loaded and is kept as it is"};
     shared.version = CurrentFormatVersion;
     const auto bytes = shared.serialize();
-    Status written = writeFileAtomically(sharedPath(), bytes);
+    Status written = writeFileAtomically(sharedPath(), bytes, KeepBackup::Yes);
     if (!written)
         return written;
     if (release) {
@@ -150,11 +303,14 @@ Status Store::saveCurrentUser(bool release)
                                      : std::string();
         return FileError{FileErrorCode::UnsafeName, name, 0, {}};
     }
+    if (!m_loaded)
+        return FileError{FileErrorCode::CannotWrite, path->string(), 0,
+                         "the user data was never loaded, so saving would replace it with nothing"};
     if (m_userDamaged)
         return FileError{FileErrorCode::CannotWrite, path->string(), 0,
-                         "it was damaged when loaded and is kept as it is"};
+                         "it could not be read when loaded and is kept as it is"};
     const auto bytes = journal.serialize();
-    Status written = writeFileAtomically(*path, bytes);
+    Status written = writeFileAtomically(*path, bytes, KeepBackup::Yes);
     if (!written)
         return written;
     if (release)

@@ -31,33 +31,65 @@ public:
     // The file of user k, or nothing when the name cannot safely name a file in the data folder.
     std::optional<std::filesystem::path> userFilePath(std::size_t k) const;
 
+    // A file found damaged while loading.
+    struct DamagedFile
+    {
+        enum class Kind
+        {
+            Foods,
+            Shared,
+            User
+        };
+        Kind kind = Kind::Shared;
+        FileError error; // where and why reading stopped
+        std::filesystem::path
+            movedTo; // where the damaged file now lies; empty if it could not be moved
+        std::filesystem::path backup; // "<file>.bak" when it reads completely, else empty
+    };
+
     // What the start-up load found.
     struct LoadReport
     {
-        bool foodsLoaded = false;      // "foods.db" read completely
+        bool foodsLoaded = false;      // "foods.db" read (completely, or salvaged when damaged)
+        bool foodsMissing = false;     // "foods.db" does not exist: nothing was loaded
         bool sharedLoaded = false;     // "velmora.db" read completely
         bool exampleCreated = false;   // "velmora.db" missing: the example user was made
-        bool userFileRead = false;     // the current user's file was read
+        bool userFileRead = false;     // the current user's file was read completely
         std::vector<FileError> errors; // damaged or unreadable files (missing files are not errors)
+        std::vector<DamagedFile> damaged; // the damaged ones among them, moved aside
     };
 
-    // The start-up sequence: "foods.db"; when it cannot be read nothing else is loaded. Then
-    // "velmora.db" (or the example user when it is missing) and its normalisation, then the
-    // current user's file and the normalisation again. Files are read whole into fresh records
-    // and taken over only when complete. A damaged "velmora.db" is reported, nothing after it is
-    // loaded, and it is protected: saveShared() then refuses to write over it. The same holds for
-    // a damaged user file and saveCurrentUser().
+    // The start-up sequence: "foods.db"; when it is missing or cannot be opened nothing else is
+    // loaded (and nothing may be saved). Then "velmora.db" (or the example user when it is
+    // missing) and its normalisation, then the current user's file and the normalisation again.
+    // Files are read whole into fresh records. A damaged file is moved aside under a name that
+    // says so, and the parts of it that were read completely are used (a list that was only
+    // partly read is dropped whole); the damage is reported. A file that exists but cannot be
+    // opened, or a damaged one that cannot be moved aside, is protected: saves refuse to write
+    // over it.
     LoadReport load();
     // Reads the current user's file (creating the example user when no name exists). A missing
     // file leaves an empty journal and keeps the profile record in memory as it is. Returns
-    // whether the file was read; a damaged file is reported through error.
+    // whether the file was read completely; a damaged or unreadable file is reported through
+    // error (and, when damaged, moved aside and salvaged as at start-up; see lastUserDamage()).
     bool loadCurrentUser(FileError* error = nullptr);
+    // The damage found by the last loadCurrentUser(), if any.
+    const std::optional<DamagedFile>& lastUserDamage() const { return m_lastUserDamage; }
 
-    // Normalises, then writes "velmora.db" atomically; with release set the lists are emptied
-    // after writing (shut-down).
+    // Puts the backup of "velmora.db" (or of the current user's file) in place of the file and
+    // reloads it: the shared file with load()'s steps after "foods.db", the user's file with
+    // loadCurrentUser(). The backup must read completely; the file it replaces, if any, is moved
+    // aside first. Fails without changing anything when there is no usable backup.
+    Status restoreSharedBackup();
+    Status restoreUserBackup();
+
+    // Normalises, then writes "velmora.db" atomically, keeping the file it replaces as
+    // "velmora.db.bak"; with release set the lists are emptied after writing (shut-down).
+    // Refuses (CannotWrite) while nothing was loaded or the file is protected.
     Status saveShared(bool release);
-    // Writes the current user's file atomically when at least one user name exists; with
-    // release set the days are freed afterwards.
+    // Writes the current user's file atomically when at least one user name exists, keeping the
+    // replaced file as "<name>.db.bak"; with release set the days are freed afterwards. Refuses
+    // while nothing was loaded or the file is protected.
     Status saveCurrentUser(bool release);
 
     // The clean-up pass: dangling identifiers removed, duplicate custom foods dropped, definition
@@ -84,15 +116,25 @@ public:
     // Current user's name, or an empty text when there is none.
     std::string currentUserName() const;
 
-    // True while a file found damaged at load is protected from being written over.
+    // True while a file that could not be read is protected from being written over.
     bool sharedProtected() const { return m_sharedDamaged; }
     bool userFileProtected() const { return m_userDamaged; }
+    // True once the user data was loaded (or made afresh), so that saving cannot write empty
+    // records over real files.
+    bool loaded() const { return m_loaded; }
 
 private:
     std::filesystem::path m_foodsPath;
     std::filesystem::path m_dataDir;
+    bool loadShared(LoadReport& report);
+    // Reads a damaged file's salvage, moves the file aside and describes it.
+    DamagedFile setAside(DamagedFile::Kind kind, const std::filesystem::path& path,
+                         const FileError& error);
+
     bool m_sharedDamaged = false;
     bool m_userDamaged = false;
+    bool m_loaded = false;
+    std::optional<DamagedFile> m_lastUserDamage;
 };
 
 } // namespace velmora::model

@@ -175,26 +175,37 @@ void writeJournalDay(ArchiveWriter& out, const JournalDay& day)
         out.text(note);
 }
 
-Result<SharedData> SharedData::parse(std::span<const std::uint8_t> bytes,
-                                     const std::string& fileName)
-{
-    return parseArchive<SharedData>(bytes, fileName, [](ArchiveReader& in) {
-        SharedData d;
-        d.version = in.i32();
-        d.oldFormatVersion = d.version < CurrentFormatVersion ? d.version : 0;
-        d.header1 = in.text();
-        d.header2 = in.text();
-        for (auto& c : d.counters.values)
-            c = in.i32();
-        d.currentUser = in.u8();
-        const std::size_t names = in.u8();
-        d.userNames.reserve(names);
-        for (std::size_t i = 0; i < names; ++i)
-            d.userNames.push_back(in.text());
+namespace {
 
-        const std::size_t foods = in.count(MinCustomFoodSize);
-        d.customFoods.resize(foods);
-        for (FoodItem& f : d.customFoods) {
+// Reads velmora.db into d. Each part (the header with the user names, then each list) is read
+// into a fresh object and taken over only once complete, so a read that stops at damaged bytes
+// leaves d holding whole parts only.
+void readShared(ArchiveReader& in, SharedData& d)
+{
+    {
+        SharedData h;
+        h.version = in.i32();
+        h.oldFormatVersion = h.version < CurrentFormatVersion ? h.version : 0;
+        h.header1 = in.text();
+        h.header2 = in.text();
+        for (auto& c : h.counters.values)
+            c = in.i32();
+        h.currentUser = in.u8();
+        const std::size_t names = in.u8();
+        h.userNames.reserve(names);
+        for (std::size_t i = 0; i < names; ++i)
+            h.userNames.push_back(in.text());
+        d.version = h.version;
+        d.oldFormatVersion = h.oldFormatVersion;
+        d.header1 = std::move(h.header1);
+        d.header2 = std::move(h.header2);
+        d.counters = h.counters;
+        d.currentUser = h.currentUser;
+        d.userNames = std::move(h.userNames);
+    }
+    {
+        std::vector<FoodItem> list(in.count(MinCustomFoodSize));
+        for (FoodItem& f : list) {
             f.number = in.i32();
             f.group = in.i32();
             f.name = in.text();
@@ -202,35 +213,39 @@ Result<SharedData> SharedData::parse(std::span<const std::uint8_t> bytes,
             for (float& v : f.values)
                 v = in.f32();
         }
-
-        const std::size_t fields = in.count(MinFieldSize);
-        d.fields.resize(fields);
-        for (ExerciseField& f : d.fields) {
+        d.customFoods = std::move(list);
+    }
+    {
+        std::vector<ExerciseField> list(in.count(MinFieldSize));
+        for (ExerciseField& f : list) {
             f.id = in.i32();
             f.name = in.text();
             f.kind = in.i32();
         }
-
-        const std::size_t exercises = in.count(MinExerciseSize);
-        d.exercises.resize(exercises);
-        for (Exercise& e : d.exercises) {
+        d.fields = std::move(list);
+    }
+    {
+        std::vector<Exercise> list(in.count(MinExerciseSize));
+        for (Exercise& e : list) {
             e.id = in.i32();
             e.name = in.text();
             readIdList(in, e.fields);
         }
-
-        const std::size_t routines = in.count(MinRoutineSize);
-        d.routines.resize(routines);
-        for (Routine& r : d.routines) {
+        d.exercises = std::move(list);
+    }
+    {
+        std::vector<Routine> list(in.count(MinRoutineSize));
+        for (Routine& r : list) {
             r.id = in.i32();
             r.calories = in.i32();
             r.name = in.text();
             readIdList(in, r.exercises);
         }
-
-        const std::size_t variables = in.count(MinVariableSize);
-        d.variables.resize(variables);
-        for (UserVariable& v : d.variables) {
+        d.routines = std::move(list);
+    }
+    {
+        std::vector<UserVariable> list(in.count(MinVariableSize));
+        for (UserVariable& v : list) {
             v.id = in.i32();
             v.name = in.text();
             v.number = in.f32();
@@ -240,8 +255,70 @@ Result<SharedData> SharedData::parse(std::span<const std::uint8_t> bytes,
             v.askText = in.i32();
             v.askTime = in.i32();
         }
+        d.variables = std::move(list);
+    }
+}
+
+// Reads a user's file into j: the profile record, then the day list, each taken over whole.
+void readUserJournal(ArchiveReader& in, UserJournal& j, int* partsRead = nullptr)
+{
+    User user;
+    user.read(in);
+    j.user = user;
+    if (partsRead)
+        *partsRead = 1;
+    std::vector<JournalDay> days(in.count(MinDaySize));
+    for (JournalDay& d : days)
+        readJournalDay(in, d);
+    j.days = std::move(days);
+    if (partsRead)
+        *partsRead = 2;
+}
+
+template <class T, class Read>
+Salvaged<T> salvageArchive(std::span<const std::uint8_t> bytes, const std::string& fileName,
+                           Read&& read)
+{
+    Salvaged<T> out;
+    ArchiveReader in(bytes);
+    try {
+        read(in, out.value);
+    } catch (const ArchiveError& e) {
+        out.error = FileError{e.code(), fileName, e.offset(), e.what()};
+        out.complete = false;
+    }
+    return out;
+}
+
+} // namespace
+
+Result<SharedData> SharedData::parse(std::span<const std::uint8_t> bytes,
+                                     const std::string& fileName)
+{
+    return parseArchive<SharedData>(bytes, fileName, [](ArchiveReader& in) {
+        SharedData d;
+        readShared(in, d);
         return d;
     });
+}
+
+Salvaged<SharedData> SharedData::salvage(std::span<const std::uint8_t> bytes,
+                                         const std::string& fileName)
+{
+    return salvageArchive<SharedData>(bytes, fileName,
+                                      [](ArchiveReader& in, SharedData& d) { readShared(in, d); });
+}
+
+Salvaged<UserJournal> UserJournal::salvage(std::span<const std::uint8_t> bytes,
+                                           const std::string& fileName)
+{
+    int parts = 0;
+    auto out =
+        salvageArchive<UserJournal>(bytes, fileName, [&parts](ArchiveReader& in, UserJournal& j) {
+            readUserJournal(in, j, &parts);
+        });
+    out.partsRead = parts;
+    return out;
 }
 
 std::vector<std::uint8_t> SharedData::serialize() const
@@ -307,11 +384,7 @@ Result<UserJournal> UserJournal::parse(std::span<const std::uint8_t> bytes,
 {
     return parseArchive<UserJournal>(bytes, fileName, [](ArchiveReader& in) {
         UserJournal j;
-        j.user.read(in);
-        const std::size_t days = in.count(MinDaySize);
-        j.days.resize(days);
-        for (JournalDay& d : j.days)
-            readJournalDay(in, d);
+        readUserJournal(in, j, nullptr);
         return j;
     });
 }

@@ -19,7 +19,15 @@ namespace velmora::model {
 //   5 kept as read (no list uses it).
 struct IdCounters
 {
-    enum Slot { CustomFood = 0, UserVariable = 1, ExerciseField = 2, Exercise = 3, Routine = 4, Spare = 5 };
+    enum Slot
+    {
+        CustomFood = 0,
+        UserVariable = 1,
+        ExerciseField = 2,
+        Exercise = 3,
+        Routine = 4,
+        Spare = 5
+    };
     std::array<std::int32_t, 6> values{FirstCustomFoodNumber, 1, 1, 1, 1, 0};
 
     std::int32_t take(Slot s) { return values[s]++; }
@@ -44,7 +52,12 @@ struct SharedData
     std::vector<UserVariable> variables;
 
     // Parses a whole "velmora.db" image (any version).
-    static Result<SharedData> parse(std::span<const std::uint8_t> bytes, const std::string& fileName);
+    static Result<SharedData> parse(std::span<const std::uint8_t> bytes,
+                                    const std::string& fileName);
+    // Reads what can be read completely from a damaged image: the header with the user names and
+    // each list are kept whole or not at all; parts after the damage keep their defaults.
+    static Salvaged<SharedData> salvage(std::span<const std::uint8_t> bytes,
+                                        const std::string& fileName);
     // Serialises as version 131; the name count is the list's size (callers keep it at most 255).
     std::vector<std::uint8_t> serialize() const;
 };
@@ -55,10 +68,14 @@ struct UserJournal
     User user;
     std::vector<JournalDay> days; // in the order read or added
 
-    static Result<UserJournal> parse(std::span<const std::uint8_t> bytes, const std::string& fileName);
+    static Result<UserJournal> parse(std::span<const std::uint8_t> bytes,
+                                     const std::string& fileName);
+    // The profile record and the day list, each kept whole or not at all.
+    static Salvaged<UserJournal> salvage(std::span<const std::uint8_t> bytes,
+                                         const std::string& fileName);
     std::vector<std::uint8_t> serialize() const;
 
-    JournalDay* findDay(TimeT date);              // exact date match, first wins
+    JournalDay* findDay(TimeT date); // exact date match, first wins
     const JournalDay* findDay(TimeT date) const;
 };
 

@@ -164,6 +164,31 @@ TEST(Cli, ResaveLoadsAndSavesTheDataFolder)
     EXPECT_FALSE(fs::exists(nofoods / "velmora.db"));
 }
 
+TEST(Cli, ResaveReportsADamagedFileKeepsItAsideAndSavesWhatWasWhole)
+{
+    TempDir dir;
+    fs::copy(Canonical, dir.path(), fs::copy_options::recursive);
+    auto damaged = handMadeShared();
+    damaged.resize(damaged.size() - 5);
+    writeBytes(dir / "velmora.db", damaged);
+    const CliRun r = cli(dir, "resave --data-dir " + quote(dir.path().string()));
+    EXPECT_NE(r.exitCode, 0);
+    EXPECT_NE(r.err.find("velmora.db"), std::string::npos) << r.err;
+    EXPECT_NE(r.err.find("moved to"), std::string::npos) << r.err;
+    int asides = 0;
+    for (const auto& e : fs::directory_iterator(dir.path()))
+        if (e.path().filename().string().rfind("velmora.db.damaged-", 0) == 0) {
+            ++asides;
+            EXPECT_EQ(readBytes(e.path()), damaged);
+        }
+    EXPECT_EQ(asides, 1);
+    // The users and the user's journal survive in the new file.
+    auto saved = SharedData::parse(readBytes(dir / "velmora.db"), "velmora.db");
+    ASSERT_TRUE(saved.ok());
+    EXPECT_EQ(saved.value().userNames.size(), 2u);
+    EXPECT_EQ(readBytes(dir / "Bert.db"), handMadeUserFile());
+}
+
 TEST(Cli, HelpForEveryCommand)
 {
     TempDir dir;

@@ -182,35 +182,6 @@ TEST(StoreLoad, ReadsTheCurrentUsersFileAndKeepsTheProfileWhenItIsMissing)
     EXPECT_EQ(s.currentUserName(), "Anna");
 }
 
-TEST(StoreLoad, DamagedFilesAreReportedAndNeverWrittenOver)
-{
-    TempDir dir;
-    writeBytes(dir / "foods.db", handMadeFoods());
-    auto shared = handMadeShared();
-    shared.resize(shared.size() - 5);
-    writeBytes(dir / "velmora.db", shared);
-    Store s = storeIn(dir);
-    const auto report = s.load();
-    ASSERT_EQ(report.errors.size(), 1u);
-    EXPECT_NE(report.errors[0].file.find("velmora.db"), std::string::npos);
-    EXPECT_FALSE(s.saveShared(true).ok());
-    EXPECT_EQ(readBytes(dir / "velmora.db"), shared);
-
-    TempDir dir2;
-    writeBytes(dir2 / "foods.db", handMadeFoods());
-    writeBytes(dir2 / "velmora.db", handMadeShared());
-    auto user = handMadeUserFile();
-    user.resize(user.size() - 1);
-    writeBytes(dir2 / "Bert.db", user);
-    Store t = storeIn(dir2);
-    const auto r2 = t.load();
-    EXPECT_TRUE(r2.sharedLoaded);
-    EXPECT_FALSE(r2.userFileRead);
-    ASSERT_EQ(r2.errors.size(), 1u);
-    EXPECT_FALSE(t.saveCurrentUser(true).ok());
-    EXPECT_EQ(readBytes(dir2 / "Bert.db"), user);
-}
-
 TEST(StoreSave, UnsafeUserNamesNeverBecomePaths)
 {
     Store s;

@@ -495,18 +495,29 @@ int resave(const std::vector<std::string>& args, const char* argv0)
     Store store;
     store.setPaths(dir / "foods.db", dir);
     const Store::LoadReport report = store.load();
-    if (!report.errors.empty())
-        return fail(report.errors.front().message());
-    if (!report.foodsLoaded)
+    if (report.foodsMissing)
         return fail((dir / "foods.db").string() +
                     ": the file does not exist; nothing was loaded or saved");
-    Status shared = store.saveShared(true);
-    if (!shared)
-        return fail(shared.error().message());
-    Status user = store.saveCurrentUser(true);
-    if (!user)
-        return fail(user.error().message());
-    return 0;
+    // A damaged file has been moved aside by the load and what could be read completely is kept:
+    // that is saved so the folder is whole again, and the damage is reported with a failing exit.
+    for (const Store::DamagedFile& d : report.damaged) {
+        std::string line = d.error.message();
+        line += d.movedTo.empty() ? "; it could not be moved aside and is left as it is"
+                                  : "; it was moved to " + d.movedTo.string();
+        if (!d.backup.empty())
+            line += "; a backup that reads completely is " + d.backup.string();
+        fail(line);
+    }
+    int status = report.errors.empty() ? 0 : 1;
+    if (report.damaged.empty() && !report.errors.empty())
+        fail(report.errors.front().message());
+    if (!store.loaded())
+        return 1;
+    if (Status shared = store.saveShared(true); !shared)
+        status = fail(shared.error().message());
+    if (Status user = store.saveCurrentUser(true); !user)
+        status = fail(user.error().message());
+    return status;
 }
 
 } // namespace

@@ -1,0 +1,244 @@
+// Damaged files, backups, and saves that must not happen: the store never loses what is on disk.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "model/SafeFile.h"
+#include "model/Store.h"
+#include "model/UserNames.h"
+#include "support/Fixtures.h"
+#include "support/TempDir.h"
+
+using namespace velmora::model;
+using namespace velmora::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+Store storeIn(const TempDir& dir)
+{
+    Store s;
+    s.setPaths(dir / "foods.db", dir.path());
+    return s;
+}
+
+// The files in dir whose names start with prefix.
+std::vector<fs::path> filesStartingWith(const TempDir& dir, const std::string& prefix)
+{
+    std::vector<fs::path> out;
+    for (const auto& e : fs::directory_iterator(dir.path()))
+        if (e.path().filename().string().rfind(prefix, 0) == 0)
+            out.push_back(e.path());
+    std::sort(out.begin(), out.end());
+    return out;
+}
+
+} // namespace
+
+TEST(DamagedFiles, SharedFileIsMovedAsideAndWholePartsAreKept)
+{
+    TempDir dir;
+    writeBytes(dir / "foods.db", handMadeFoods());
+    const auto good = handMadeShared();
+    auto damaged = good;
+    damaged.resize(damaged.size() - 5); // cuts into the last list, the user variables
+    writeBytes(dir / "velmora.db", damaged);
+    writeBytes(dir / "Bert.db", handMadeUserFile());
+
+    Store s = storeIn(dir);
+    const auto report = s.load();
+    ASSERT_EQ(report.damaged.size(), 1u);
+    const auto& d = report.damaged[0];
+    EXPECT_EQ(d.kind, Store::DamagedFile::Kind::Shared);
+    EXPECT_EQ(d.error.code, FileErrorCode::UnexpectedEnd);
+    EXPECT_GT(d.error.offset, 0u);
+    EXPECT_NE(d.error.message().find("velmora.db"), std::string::npos);
+
+    // The damaged bytes are kept, untouched, under a name that says so.
+    ASSERT_FALSE(d.movedTo.empty());
+    EXPECT_NE(d.movedTo.filename().string().find("velmora.db.damaged-"), std::string::npos);
+    EXPECT_EQ(readBytes(d.movedTo), damaged);
+    EXPECT_FALSE(fs::exists(dir / "velmora.db"));
+
+    // Whole parts are used: users and the complete lists; the variables list was cut and is dropped
+    // whole rather than half-applied. The user's journal is loaded as usual.
+    ASSERT_EQ(s.shared.userNames.size(), 2u);
+    EXPECT_FALSE(s.shared.customFoods.empty());
+    EXPECT_FALSE(s.shared.routines.empty());
+    EXPECT_TRUE(s.shared.variables.empty());
+    EXPECT_TRUE(report.userFileRead);
+    EXPECT_EQ(s.journal.days.size(), 2u);
+
+    // Saving writes a fresh file and leaves the damaged one where it was moved.
+    ASSERT_TRUE(s.saveShared(false).ok());
+    EXPECT_TRUE(SharedData::parse(readBytes(dir / "velmora.db"), "velmora.db").ok());
+    EXPECT_EQ(readBytes(d.movedTo), damaged);
+}
+
+TEST(DamagedFiles, UserFileIsMovedAsideAndTheBackupCanBeRestored)
+{
+    TempDir dir;
+    writeBytes(dir / "foods.db", handMadeFoods());
+    writeBytes(dir / "velmora.db", handMadeShared());
+    const auto good = handMadeUserFile();
+    writeBytes(dir / "Bert.db", good);
+
+    // A first session saves, which keeps the file it replaces as the backup.
+    {
+        Store s = storeIn(dir);
+        ASSERT_TRUE(s.load().userFileRead);
+        ASSERT_TRUE(s.saveCurrentUser(false).ok());
+        EXPECT_EQ(readBytes(dir / "Bert.db.bak"), good);
+    }
+
+    auto cut = readBytes(dir / "Bert.db");
+    cut.resize(cut.size() - 1);
+    writeBytes(dir / "Bert.db", cut);
+
+    Store s = storeIn(dir);
+    const auto report = s.load();
+    EXPECT_FALSE(report.userFileRead);
+    ASSERT_EQ(report.damaged.size(), 1u);
+    const auto& d = report.damaged[0];
+    EXPECT_EQ(d.kind, Store::DamagedFile::Kind::User);
+    EXPECT_EQ(d.backup, dir / "Bert.db.bak");
+    EXPECT_EQ(readBytes(d.movedTo), cut);
+    // The profile record was whole and is used; the day list was cut and is not half-applied.
+    EXPECT_EQ(s.journal.user.height, 170);
+    EXPECT_TRUE(s.journal.days.empty());
+
+    ASSERT_TRUE(s.restoreUserBackup().ok());
+    EXPECT_EQ(s.journal.days.size(), 2u);
+    EXPECT_EQ(readBytes(dir / "Bert.db"), good);
+    EXPECT_EQ(readBytes(d.movedTo), cut);
+}
+
+TEST(DamagedFiles, SharedBackupRestoresTheUsers)
+{
+    TempDir dir;
+    writeBytes(dir / "foods.db", handMadeFoods());
+    const auto good = handMadeShared();
+    writeBytes(dir / "velmora.db", good);
+    writeBytes(dir / "velmora.db.bak", good);
+    writeBytes(dir / "velmora.db", std::vector<std::uint8_t>{131, 0, 0}); // cut inside the version
+
+    Store s = storeIn(dir);
+    const auto report = s.load();
+    ASSERT_EQ(report.damaged.size(), 1u);
+    EXPECT_EQ(report.damaged[0].backup, dir / "velmora.db.bak");
+    // Nothing whole could be read: the example user stands in until the backup is restored.
+    EXPECT_EQ(s.currentUserName(), "Example User");
+
+    ASSERT_TRUE(s.restoreSharedBackup().ok());
+    EXPECT_EQ(s.shared.userNames.size(), 2u);
+    EXPECT_EQ(s.currentUserName(), "Bert");
+    EXPECT_EQ(s.journal.days.size(), 0u); // Bert has no file in this folder
+    EXPECT_EQ(readBytes(dir / "velmora.db"), good);
+}
+
+TEST(DamagedFiles, RestoringWithoutABackupChangesNothing)
+{
+    TempDir dir;
+    writeBytes(dir / "foods.db", handMadeFoods());
+    Store s = storeIn(dir);
+    s.load();
+    EXPECT_FALSE(s.restoreSharedBackup().ok());
+    EXPECT_EQ(s.currentUserName(), "Example User");
+    EXPECT_TRUE(filesStartingWith(dir, "velmora.db").empty());
+}
+
+TEST(DamagedFiles, DamagedFoodDatabaseKeepsItsWholeCollections)
+{
+    TempDir dir;
+    auto foods = handMadeFoods();
+    foods.resize(foods.size() - 3); // cuts into the intake table, the last collection
+    writeBytes(dir / "foods.db", foods);
+    writeBytes(dir / "velmora.db", handMadeShared());
+    Store s = storeIn(dir);
+    const auto report = s.load();
+    EXPECT_TRUE(report.foodsLoaded);
+    ASSERT_EQ(report.damaged.size(), 1u);
+    EXPECT_EQ(report.damaged[0].kind, Store::DamagedFile::Kind::Foods);
+    EXPECT_EQ(s.foods.foods().size(), 2u);
+    EXPECT_TRUE(s.foods.intakes().empty());
+    EXPECT_TRUE(report.sharedLoaded);
+    EXPECT_EQ(readBytes(report.damaged[0].movedTo), foods);
+}
+
+TEST(SavingGuards, NothingIsSavedWhenTheFoodDatabaseIsMissing)
+{
+    TempDir dir;
+    const auto shared = handMadeShared();
+    writeBytes(dir / "velmora.db", shared);
+    Store s = storeIn(dir);
+    const auto report = s.load();
+    EXPECT_TRUE(report.foodsMissing);
+    EXPECT_FALSE(s.loaded());
+    EXPECT_FALSE(s.saveShared(true).ok());
+    s.saveCurrentUser(true); // no user was loaded: there is nothing to write
+    EXPECT_EQ(readBytes(dir / "velmora.db"), shared);
+    EXPECT_EQ(filesStartingWith(dir, "").size(), 1u);
+    EXPECT_FALSE(fs::exists(dir / "velmora.db.bak"));
+}
+
+TEST(SavingGuards, EverySaveKeepsOneBackupGeneration)
+{
+    TempDir dir;
+    writeBytes(dir / "foods.db", handMadeFoods());
+    Store s = storeIn(dir);
+    s.load();
+    ASSERT_TRUE(s.saveShared(false).ok());
+    EXPECT_FALSE(fs::exists(dir / "velmora.db.bak")); // nothing was replaced
+    const auto first = readBytes(dir / "velmora.db");
+
+    s.shared.userNames.push_back("Anna");
+    ASSERT_TRUE(s.saveShared(false).ok());
+    EXPECT_EQ(readBytes(dir / "velmora.db.bak"), first);
+    const auto second = readBytes(dir / "velmora.db");
+    EXPECT_NE(second, first);
+
+    s.shared.userNames.push_back("Carl");
+    ASSERT_TRUE(s.saveShared(false).ok());
+    EXPECT_EQ(readBytes(dir / "velmora.db.bak"), second);
+    // No temporary files are left behind.
+    EXPECT_EQ(filesStartingWith(dir, ".velmora").size(), 0u);
+}
+
+TEST(HostileNames, AUserNameFromTheFileNeverReachesOutsideTheDataFolder)
+{
+    TempDir root;
+    fs::create_directories(root / "data");
+    SharedData shared;
+    shared.userNames = {"../outside", "Anna"};
+    shared.currentUser = 0;
+    writeBytes(root / "data" / "velmora.db", shared.serialize());
+    writeBytes(root / "data" / "foods.db", handMadeFoods());
+    UserJournal planted;
+    planted.days.resize(3);
+    writeBytes(root / "outside.db", planted.serialize());
+
+    Store s;
+    s.setPaths(root / "data" / "foods.db", root / "data");
+    const auto report = s.load();
+    ASSERT_EQ(report.errors.size(), 1u);
+    EXPECT_EQ(report.errors[0].code, FileErrorCode::UnsafeName);
+    // Listed, but its journal is neither read nor written.
+    EXPECT_EQ(s.shared.userNames[0], "../outside");
+    EXPECT_TRUE(s.journal.days.empty());
+    s.journal.days.resize(1);
+    EXPECT_FALSE(s.saveCurrentUser(false).ok());
+    EXPECT_EQ(UserJournal::parse(readBytes(root / "outside.db"), "x").value().days.size(), 3u);
+    // The shared file itself may still be saved, names as they are.
+    ASSERT_TRUE(s.saveShared(false).ok());
+}
+
+TEST(HostileNames, ReservedAndEmptyNamesAreRefused)
+{
+    for (const char* name : {"", "CON", "nul.txt", "COM1", "lpt9", "..", ".", "a\\b", "a/b", " x",
+                             "x.", "a:b", "a*b", "a?b", "a\"b", "a<b", "a|b", "a\tb"})
+        EXPECT_NE(checkUserName(name), NameProblem::None) << '"' << name << '"';
+    for (const char* name : {"Anna", "Example User", "Zoë", "Mr. Smith", "CONSOLE", "com10"})
+        EXPECT_EQ(checkUserName(name), NameProblem::None) << '"' << name << '"';
+}
