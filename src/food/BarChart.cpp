@@ -118,7 +118,7 @@ void BarChart::paintTo(QPainter& painter, const QRect& area) const
 
     const int axisWidth = fm.horizontalAdvance(QString::number(top)) + 28;
     const QRect plot(area.left() + axisWidth, legendY + line + 8, area.width() - axisWidth - 12,
-                     area.height() - (legendY - area.top()) - 3 * line - 20);
+                     area.height() - (legendY - area.top()) - 4 * line - 20);
     if (plot.width() <= 0 || plot.height() <= 0)
         return;
 
@@ -145,6 +145,10 @@ void BarChart::paintTo(QPainter& painter, const QRect& area) const
         return;
     const double slot = static_cast<double>(plot.width()) / categoryCount;
     const double barWidth = slot * 0.8 / static_cast<double>(m_series.size());
+    // Labels wider than their slot are staggered over two lines instead of being cut short.
+    bool stagger = false;
+    for (const QString& c : m_categories)
+        stagger = stagger || fm.horizontalAdvance(c) > static_cast<int>(slot) - 2;
     for (int c = 0; c < categoryCount; ++c) {
         const double slotLeft = plot.left() + c * slot + slot * 0.1;
         for (std::size_t s = 0; s < m_series.size(); ++s) {
@@ -155,13 +159,15 @@ void BarChart::paintTo(QPainter& painter, const QRect& area) const
                              m_series[s].colour);
         }
         painter.setPen(Qt::black);
-        const QRect labelRect(plot.left() + static_cast<int>(c * slot), plot.bottom() + 4,
-                              static_cast<int>(slot), line);
+        const int labelWidth = static_cast<int>(stagger ? 2 * slot : slot);
+        const QRect labelRect(plot.left() + static_cast<int>((c + 0.5) * slot) - labelWidth / 2,
+                              plot.bottom() + 4 + (stagger && c % 2 ? line : 0), labelWidth, line);
         painter.drawText(labelRect, Qt::AlignCenter,
                          fm.elidedText(m_categories[c], Qt::ElideRight, labelRect.width()));
     }
-    painter.drawText(QRect(plot.left(), plot.bottom() + line + 6, plot.width(), line),
-                     Qt::AlignCenter, m_categoryLabel);
+    painter.drawText(
+        QRect(plot.left(), plot.bottom() + (stagger ? 2 : 1) * line + 6, plot.width(), line),
+        Qt::AlignCenter, m_categoryLabel);
 }
 
 void BarChart::paintEvent(QPaintEvent*)

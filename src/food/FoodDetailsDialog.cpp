@@ -10,6 +10,7 @@
 #include "app/AppContext.h"
 #include "food/BarChart.h"
 #include "food/QtText.h"
+#include "food/QuarterColumns.h"
 #include "food/logic/ProteinQuality.h"
 #include "model/Nutrition.h"
 #include "model/Store.h"
@@ -36,7 +37,7 @@ FoodDetailsDialog::FoodDetailsDialog(app::AppContext& context, std::int32_t numb
     m_nutrients->setHeaderLabels({tr("Nutrient"), tr("Value")});
     m_nutrients->setRootIsDecorated(false);
     m_nutrients->setUniformRowHeights(true);
-    m_nutrients->header()->setStretchLastSection(false);
+    new QuarterColumns(m_nutrients);
     m_chart = new BarChart(this);
     m_chart->setTitle(tr("Protein Quality Comparison"));
     m_chart->setAxisLabels(tr("mg"), QStringLiteral("  "));
@@ -44,18 +45,18 @@ FoodDetailsDialog::FoodDetailsDialog(app::AppContext& context, std::int32_t numb
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
 
     auto* body = new QHBoxLayout;
-    body->addWidget(m_nutrients, 2);
+    body->addWidget(m_nutrients, 4);
     auto* chartColumn = new QVBoxLayout;
     chartColumn->addWidget(m_chart, 1);
     chartColumn->addWidget(m_sentence);
-    body->addLayout(chartColumn, 3);
+    body->addLayout(chartColumn, 7);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_name);
     layout->addWidget(m_source);
     layout->addLayout(body, 1);
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    resize(900, 560);
+    resize(1040, 600);
 
     if (!food)
         return;
@@ -76,22 +77,13 @@ FoodDetailsDialog::FoodDetailsDialog(app::AppContext& context, std::int32_t numb
     const ProteinComparison comparison = compareProtein(catalogue, *food);
     if (comparison.shown) {
         for (std::size_t i = 0; i < model::IdealProtein.size(); ++i) {
-            const QString label = QString::fromLatin1(model::IdealProtein[i].label);
+            const QString label = QString::fromLatin1(ProteinChartLabels[i]);
             m_chart->setValue(foodSeries, label, comparison.food[i]);
             m_chart->setValue(idealSeries, label, comparison.ideal[i]);
         }
         m_sentence->setText(QString::fromStdString(completenessSentence(comparison.completeness)));
     }
     m_sentence->setVisible(comparison.shown);
-}
-
-void FoodDetailsDialog::resizeEvent(QResizeEvent* event)
-{
-    QDialog::resizeEvent(event);
-    // "Nutrient" three quarters of the list less 20, "Value" one quarter.
-    const int width = m_nutrients->viewport()->width();
-    m_nutrients->setColumnWidth(0, std::max(60, width * 3 / 4 - 20));
-    m_nutrients->setColumnWidth(1, std::max(40, width / 4));
 }
 
 } // namespace velmora::food

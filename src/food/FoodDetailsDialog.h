@@ -30,9 +30,6 @@ public:
     BarChart* chart() const { return m_chart; }
     QLabel* sentenceLabel() const { return m_sentence; }
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     QLabel* m_name = nullptr;
     QLabel* m_source = nullptr;

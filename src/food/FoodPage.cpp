@@ -173,6 +173,10 @@ const model::Meal* FoodPage::currentMeal() const
 void FoodPage::refreshPage()
 {
     const model::User& user = context().store().journal.user;
+    // The program's date and time texts: day-first and 24-hour in metric mode.
+    m_date->setDisplayFormat(user.isMetric() ? QStringLiteral("d/M/yyyy")
+                                             : QStringLiteral("M/d/yyyy"));
+    m_time->setDisplayFormat(user.isMetric() ? QStringLiteral("H:mm") : QStringLiteral("h:mm AP"));
     if (!m_refreshed) {
         m_chooser->refresh();
         const int mode = user.foodListMode;

@@ -10,6 +10,7 @@
 
 #include "controls/PieChart.h"
 #include "food/QtText.h"
+#include "food/QuarterColumns.h"
 
 namespace velmora::food {
 
@@ -45,7 +46,7 @@ MacroPanel::MacroPanel(QWidget* parent) : QWidget(parent)
     m_details->setHeaderLabels({tr("Nutrient"), tr("Value")});
     m_details->setRootIsDecorated(false);
     m_details->setUniformRowHeights(true);
-    m_details->header()->setStretchLastSection(false);
+    new QuarterColumns(m_details);
 
     m_stack = new QStackedWidget(this);
     m_stack->addWidget(pies);
@@ -98,26 +99,11 @@ void MacroPanel::showPies(bool pies)
 {
     (pies ? m_graphs : m_list)->setChecked(true);
     m_stack->setCurrentIndex(pies ? 0 : 1);
-    sizeDetailColumns();
 }
 
 bool MacroPanel::piesShown() const
 {
     return m_stack->currentIndex() == 0;
-}
-
-void MacroPanel::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    sizeDetailColumns();
-}
-
-void MacroPanel::sizeDetailColumns()
-{
-    // "Nutrient" three quarters of the width less 20, "Value" one quarter.
-    const int width = m_details->viewport()->width();
-    m_details->setColumnWidth(0, std::max(40, width * 3 / 4 - 20));
-    m_details->setColumnWidth(1, std::max(30, width / 4));
 }
 
 } // namespace velmora::food

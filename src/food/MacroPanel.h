@@ -38,12 +38,7 @@ public:
     QPushButton* graphsButton() const { return m_graphs; }
     QPushButton* detailsButton() const { return m_list; }
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
-    void sizeDetailColumns();
-
     QPushButton* m_graphs = nullptr;
     QPushButton* m_list = nullptr;
     QStackedWidget* m_stack = nullptr;

@@ -465,7 +465,13 @@ void FoodPageTest::detailsOfAHighProteinFood()
     QCOMPARE(egg.sourceLabel()->text(), QStringLiteral("Source: USDA SR15 Database"));
     QCOMPARE(egg.nutrientList()->topLevelItemCount(),
              int(m_context->m_store.foods.catalogue().entries().size()));
-    QCOMPARE(egg.chart()->categories().first(), QStringLiteral("Tryptophan"));
+    QCOMPARE(egg.chart()->categories(),
+             QStringList({QStringLiteral("Tryptophan"), QStringLiteral("Histidine"),
+                          QStringLiteral("Methionine"), QStringLiteral("IsoLeucine"),
+                          QStringLiteral("Threonine"), QStringLiteral("Valine"),
+                          QStringLiteral("Lysine"), QStringLiteral("Phenylalanine"),
+                          QStringLiteral("Leucine")}));
+    QCOMPARE(egg.chart()->categoryAxisLabel(), QStringLiteral("  "));
     QCOMPARE(egg.chart()->seriesName(1), QStringLiteral("Ideal Protein"));
     QCOMPARE(egg.chart()->value(1, 6), 51.0);
     QCOMPARE(egg.chart()->value(0, 6), 66.0); // 51 x 1.3 = 66.3, truncated
