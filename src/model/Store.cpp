@@ -6,6 +6,7 @@
 
 #include "model/Defaults.h"
 #include "model/SafeFile.h"
+#include "model/TextCodec.h"
 #include "model/UserNames.h"
 
 namespace velmora::model {
@@ -25,7 +26,10 @@ std::optional<fs::path> Store::userFilePath(std::size_t k) const
     const std::string& name = shared.userNames[k];
     if (checkUserName(name) != NameProblem::None)
         return std::nullopt;
-    return m_dataDir / (name + ".db");
+    // The stored name is Windows-1252; the file name is the same text in the platform's own
+    // encoding (through UTF-8), so that "Zoë" names a valid file everywhere.
+    const std::string utf8 = cp1252ToUtf8(name) + ".db";
+    return m_dataDir / fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
 namespace {

@@ -242,3 +242,14 @@ TEST(HostileNames, ReservedAndEmptyNamesAreRefused)
     for (const char* name : {"Anna", "Example User", "Zoë", "Mr. Smith", "CONSOLE", "com10"})
         EXPECT_EQ(checkUserName(name), NameProblem::None) << '"' << name << '"';
 }
+
+TEST(HostileNames, NamesBeyondAsciiNameValidFiles)
+{
+    TempDir dir;
+    Store s;
+    s.setPaths(dir / "foods.db", dir.path());
+    s.shared.userNames = {std::string("Zo\xEB")}; // "Zoë" in Windows-1252
+    const auto path = s.userFilePath(0);
+    ASSERT_TRUE(path);
+    EXPECT_EQ(path->filename().u8string(), std::u8string(u8"Zoë.db"));
+}
