@@ -64,9 +64,11 @@ FoodPage::FoodPage(app::AppContext& context, QWidget* parent) : app::Page(contex
     m_panel = new MacroPanel(this);
 
     auto* mealRow = new QHBoxLayout;
-    mealRow->addWidget(m_meals, 1);
+    m_meals->setMinimumContentsLength(12);
+    mealRow->addWidget(m_meals);
     mealRow->addWidget(m_date);
     mealRow->addWidget(m_time);
+    mealRow->addStretch();
     auto* mealButtons = new QHBoxLayout;
     mealButtons->addWidget(m_remove);
     mealButtons->addWidget(m_copyMeal);
