@@ -1,6 +1,8 @@
 #include "model/Store.h"
 
 #include <cstring>
+#include <functional>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
@@ -33,6 +35,12 @@ std::optional<fs::path> Store::userFilePath(std::size_t k) const
 }
 
 namespace {
+
+std::size_t hashOf(const std::vector<std::uint8_t>& bytes)
+{
+    return std::hash<std::string_view>{}(
+        std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+}
 
 // A backup beside path that reads completely with parse, or an empty path.
 template <class Parse> fs::path usableBackup(const fs::path& path, Parse&& parse)
@@ -79,6 +87,8 @@ Store::LoadReport Store::load()
     m_userDamaged = false;
     m_loaded = false;
     m_lastUserDamage.reset();
+    m_sharedHash = 0;
+    m_userHash = 0;
 
     auto foodBytes = readWholeFile(m_foodsPath);
     if (!foodBytes) {
@@ -139,6 +149,7 @@ bool Store::loadShared(LoadReport& report)
     if (parsed) {
         shared = parsed.take();
         report.sharedLoaded = true;
+        m_sharedHash = hashOf(bytes.value());
     } else {
         auto salvaged = SharedData::salvage(bytes.value(), sharedPath().string());
         const DamagedFile damaged =
@@ -215,6 +226,8 @@ bool Store::loadCurrentUser(FileError* error)
         return false;
     }
     journal = parsed.take();
+    m_userHash = hashOf(bytes.value());
+    m_userHashPath = *path;
     normalise();
     return true;
 }
@@ -272,6 +285,21 @@ Status Store::restoreUserBackup()
     return Status::success();
 }
 
+bool Store::hasUnsavedChanges()
+{
+    if (!m_loaded)
+        return false;
+    normalise();
+    std::error_code ec;
+    if (hashOf(shared.serialize()) != m_sharedHash || !fs::exists(sharedPath(), ec))
+        return true;
+    const auto path = userFilePath(shared.currentUser);
+    if (!path || m_userDamaged)
+        return false;
+    return hashOf(journal.serialize()) != m_userHash || m_userHashPath != *path ||
+           !fs::exists(*path, ec);
+}
+
 Status Store::saveShared(bool release)
 {
     if (!m_loaded)
@@ -283,9 +311,14 @@ Status Store::saveShared(bool release)
                          "it could not be read when loaded and is kept as it is"};
     shared.version = CurrentFormatVersion;
     const auto bytes = shared.serialize();
-    Status written = writeFileAtomically(sharedPath(), bytes, KeepBackup::Yes);
-    if (!written)
-        return written;
+    const std::size_t hash = hashOf(bytes);
+    std::error_code ec;
+    if (hash != m_sharedHash || !fs::exists(sharedPath(), ec)) {
+        Status written = writeFileAtomically(sharedPath(), bytes, KeepBackup::Yes);
+        if (!written)
+            return written;
+        m_sharedHash = hash;
+    }
     if (release) {
         shared.customFoods.clear();
         shared.fields.clear();
@@ -314,9 +347,15 @@ Status Store::saveCurrentUser(bool release)
         return FileError{FileErrorCode::CannotWrite, path->string(), 0,
                          "it could not be read when loaded and is kept as it is"};
     const auto bytes = journal.serialize();
-    Status written = writeFileAtomically(*path, bytes, KeepBackup::Yes);
-    if (!written)
-        return written;
+    const std::size_t hash = hashOf(bytes);
+    std::error_code ec;
+    if (hash != m_userHash || m_userHashPath != *path || !fs::exists(*path, ec)) {
+        Status written = writeFileAtomically(*path, bytes, KeepBackup::Yes);
+        if (!written)
+            return written;
+        m_userHash = hash;
+        m_userHashPath = *path;
+    }
     if (release)
         journal.days.clear();
     return Status::success();

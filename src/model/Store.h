@@ -122,6 +122,11 @@ public:
     // True once the user data was loaded (or made afresh), so that saving cannot write empty
     // records over real files.
     bool loaded() const { return m_loaded; }
+    // True when the records differ from what was last read from or written to the files (or the
+    // files are missing). Serialises both, which takes about a millisecond per ten years of
+    // journal. Saves skip a file whose content has not changed, so the backup keeps the last
+    // different version.
+    bool hasUnsavedChanges();
 
 private:
     std::filesystem::path m_foodsPath;
@@ -135,6 +140,9 @@ private:
     bool m_userDamaged = false;
     bool m_loaded = false;
     std::optional<DamagedFile> m_lastUserDamage;
+    std::size_t m_sharedHash = 0; // hash of the bytes last read from or written to "velmora.db"
+    std::size_t m_userHash = 0;   // the same for the current user's file
+    std::filesystem::path m_userHashPath;
 };
 
 } // namespace velmora::model

@@ -85,10 +85,12 @@ TEST(DamagedFiles, UserFileIsMovedAsideAndTheBackupCanBeRestored)
     const auto good = handMadeUserFile();
     writeBytes(dir / "Bert.db", good);
 
-    // A first session saves, which keeps the file it replaces as the backup.
+    // A first session changes the journal and saves, which keeps the file it replaces as the
+    // backup.
     {
         Store s = storeIn(dir);
         ASSERT_TRUE(s.load().userFileRead);
+        s.journal.days[1].notes[0] = "a new note";
         ASSERT_TRUE(s.saveCurrentUser(false).ok());
         EXPECT_EQ(readBytes(dir / "Bert.db.bak"), good);
     }
@@ -253,4 +255,34 @@ TEST(HostileNames, NamesBeyondAsciiNameValidFiles)
     ASSERT_TRUE(path);
     const std::u8string leaf = path->filename().u8string();
     EXPECT_EQ(std::string(leaf.begin(), leaf.end()), "Zo\xC3\xAB.db"); // UTF-8 on disk
+}
+
+TEST(SavingGuards, UnchangedFilesAreNotRewrittenSoTheBackupKeepsTheLastDifferentVersion)
+{
+    TempDir dir;
+    writeBytes(dir / "foods.db", handMadeFoods());
+    writeBytes(dir / "velmora.db", handMadeShared());
+    writeBytes(dir / "Bert.db", handMadeUserFile());
+    Store s = storeIn(dir);
+    s.load();
+    EXPECT_FALSE(s.hasUnsavedChanges()); // the fixtures are already normalised
+
+    s.journal.days.pop_back();
+    EXPECT_TRUE(s.hasUnsavedChanges());
+    ASSERT_TRUE(s.saveCurrentUser(false).ok());
+    ASSERT_TRUE(s.saveShared(false).ok());
+    EXPECT_FALSE(s.hasUnsavedChanges());
+    const auto saved = readBytes(dir / "Bert.db");
+
+    // Saving again without a change leaves both the file and its backup alone.
+    ASSERT_TRUE(s.saveCurrentUser(false).ok());
+    EXPECT_EQ(readBytes(dir / "Bert.db.bak"), handMadeUserFile());
+    EXPECT_EQ(readBytes(dir / "Bert.db"), saved);
+    EXPECT_FALSE(fs::exists(dir / "velmora.db.bak"));
+
+    // A file removed behind the program's back is written again.
+    fs::remove(dir / "velmora.db");
+    EXPECT_TRUE(s.hasUnsavedChanges());
+    ASSERT_TRUE(s.saveShared(false).ok());
+    EXPECT_EQ(readBytes(dir / "velmora.db"), handMadeShared());
 }
