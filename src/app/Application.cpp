@@ -2,6 +2,8 @@
 
 #include "app/Application.h"
 
+#include <algorithm>
+
 #include <cstdio>
 
 #include <QApplication>
@@ -10,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyleFactory>
@@ -153,7 +156,7 @@ bool Application::start()
     m_window = std::make_unique<MainWindow>(m_store);
     // Without the food database nothing else was loaded: saving would replace the user's data
     // with an empty store. (Damaged files are kept as they are by the store itself.)
-    const bool loaded = m_report.foodsLoaded;
+    const bool loaded = m_store.loaded();
     m_window->session().setSavingEnabled(loaded);
 
     if (m_options.measureStartup) {
@@ -187,18 +190,67 @@ bool Application::start()
 void Application::reportLoadProblems()
 {
     QWidget* parent = m_window.get();
-    if (!m_report.foodsLoaded) {
+    if (m_report.foodsMissing || !m_report.foodsLoaded) {
         QString text = QStringLiteral(
             "The food database \"foods.db\" could not be read, so Velmora starts empty "
             "and will not save anything in this session.\n\nIt was looked for in:");
         for (const QString& place : m_paths.searched)
             text += QStringLiteral("\n  ") + QDir::toNativeSeparators(place);
+        for (const model::FileError& error : m_report.errors)
+            text += QStringLiteral("\n\n") + QString::fromStdString(error.message());
         update::showMessageText(parent, text);
+        return;
     }
+    bool restored = false;
+    for (const model::Store::DamagedFile& damaged : m_report.damaged)
+        restored = offerRestore(damaged) || restored;
+    // Problems that are not damage: unreadable files and names that cannot be file names.
     for (const model::FileError& error : m_report.errors) {
+        const bool isDamage = std::any_of(m_report.damaged.begin(), m_report.damaged.end(),
+                                          [&](const auto& d) { return d.error.file == error.file; });
+        if (isDamage)
+            continue;
         update::showMessageText(parent, QString::fromStdString(error.message()) +
                                             QStringLiteral("\n\nThe file is left as it is."));
     }
+    if (restored)
+        m_window->refreshAllPages();
+    if (!m_report.damaged.empty())
+        m_window->markModified(); // write the recovered data back soon
+}
+
+bool Application::offerRestore(const model::Store::DamagedFile& damaged)
+{
+    QWidget* parent = m_window.get();
+    QString text = QString::fromStdString(damaged.error.message()) + QStringLiteral(".\n\n");
+    if (damaged.movedTo.empty()) {
+        text += QStringLiteral("It could not be moved aside, so it is left in its place and Velmora "
+                               "will not write over it in this session.");
+        update::showMessageText(parent, text);
+        return false;
+    }
+    text += QStringLiteral("The damaged file is kept as \"%1\"; nothing of it is deleted. "
+                           "Velmora goes on with the parts it could read completely.")
+                .arg(QDir::toNativeSeparators(QString::fromStdString(damaged.movedTo.string())));
+    if (damaged.kind == model::Store::DamagedFile::Kind::Foods || damaged.backup.empty()) {
+        update::showMessageText(parent, text);
+        return false;
+    }
+    const QDateTime when = QFileInfo(QString::fromStdString(damaged.backup.string())).lastModified();
+    text += QStringLiteral("\n\nA backup saved on %1 reads completely. Restore it now?")
+                .arg(QLocale().toString(when, QLocale::LongFormat));
+    if (!update::askYesNoText(parent, text))
+        return false;
+    const model::Status status = damaged.kind == model::Store::DamagedFile::Kind::Shared
+                                     ? m_store.restoreSharedBackup()
+                                     : m_store.restoreUserBackup();
+    if (!status.ok()) {
+        update::showMessageText(parent, QStringLiteral("The backup could not be restored.\n\n") +
+                                            QString::fromStdString(status.error().message()));
+        return false;
+    }
+    m_window->session().setSavingEnabled(m_store.loaded());
+    return true;
 }
 
 } // namespace velmora::app

@@ -60,6 +60,8 @@ public:
 
 private:
     void reportLoadProblems();
+    // Tells about one damaged file and offers its backup; true when the backup was restored.
+    bool offerRestore(const model::Store::DamagedFile& damaged);
 
     Options m_options;
     Paths m_paths;

@@ -29,8 +29,10 @@ namespace velmora::app {
 
 namespace {
 
-// A quiet save follows the last change after this pause.
+// A quiet save follows the last change after this pause...
 constexpr int SaveDelayMs = 2000;
+// ...but changes made without a pause of that length are saved at least this often.
+constexpr int MaxUnsavedMs = 2 * 60 * 1000;
 
 } // namespace
 
@@ -54,7 +56,13 @@ MainWindow::MainWindow(model::Store& store, QWidget* parent)
     m_saveTimer = new QTimer(this);
     m_saveTimer->setSingleShot(true);
     m_saveTimer->setInterval(SaveDelayMs);
-    connect(m_saveTimer, &QTimer::timeout, this, [this] { m_session->save(false, true); });
+    connect(m_saveTimer, &QTimer::timeout, this, [this] { saveChanges(true); });
+    // Values typed into a page reach the store only when the page stores them; the periodic save
+    // asks the current page to store, then writes whatever differs from the files.
+    m_periodicSave = new QTimer(this);
+    m_periodicSave->setInterval(MaxUnsavedMs);
+    connect(m_periodicSave, &QTimer::timeout, this, [this] { saveChanges(true); });
+    m_periodicSave->start();
 
     createActions();
     statusBar()->showMessage(QString());
@@ -194,15 +202,29 @@ void MainWindow::refreshAllPages()
 
 void MainWindow::markModified()
 {
-    m_saveTimer->start();
+    // Restarting the pause on every change could put the save off for ever; once changes have
+    // waited for the longest allowed time the pending save is left to run.
+    if (!m_saveTimer->isActive())
+        m_unsavedSince.start();
+    if (!m_saveTimer->isActive() || m_unsavedSince.elapsed() < MaxUnsavedMs - SaveDelayMs)
+        m_saveTimer->start();
 }
 
 void MainWindow::saveNow()
 {
-    if (m_saveTimer->isActive()) {
-        m_saveTimer->stop();
-        m_session->save(false, true);
-    }
+    if (m_saveTimer->isActive())
+        saveChanges(true);
+}
+
+bool MainWindow::saveChanges(bool quiet)
+{
+    m_saveTimer->stop();
+    if (!m_session->savingEnabled())
+        return true;
+    m_host->storeCurrent();
+    if (!m_store.hasUnsavedChanges())
+        return true;
+    return m_session->save(false, quiet);
 }
 
 void MainWindow::showStatus(const QString& text)
@@ -250,10 +272,21 @@ void MainWindow::about()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (!m_closed) {
-        m_closed = true;
         m_saveTimer->stop();
         m_host->storeCurrent();
-        m_session->save(true);
+        if (m_session->savingEnabled() && !m_session->save(true)) {
+            // The records are still in memory: closing now would lose what could not be written.
+            const bool quit = update::askYesNoText(
+                this, QStringLiteral("Your data could not be saved (see the message before).\n\n"
+                                     "Close Velmora anyway and lose the changes since the last "
+                                     "successful save?"));
+            if (!quit) {
+                event->ignore();
+                return;
+            }
+        }
+        m_closed = true;
+        m_periodicSave->stop();
     }
     event->accept();
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 
 #include "app/AppContext.h"
@@ -68,7 +69,13 @@ private:
     std::unique_ptr<UserSession> m_session;
     LeftForm* m_left = nullptr;
     PageHost* m_host = nullptr;
-    QTimer* m_saveTimer = nullptr;
+    // Saves what changed: the current page stores its values first. Returns false when a file
+    // could not be written.
+    bool saveChanges(bool quiet);
+
+    QTimer* m_saveTimer = nullptr;     // a quiet save shortly after the last change
+    QTimer* m_periodicSave = nullptr;  // and at least every two minutes while anything is unsaved
+    QElapsedTimer m_unsavedSince;      // running while a scheduled save is pending
     bool m_painted = false;
     bool m_closed = false;
 };

@@ -74,7 +74,9 @@ bool UserSession::switchTo(int k)
     if (m_savingEnabled) {
         const bool sharedSaved = saveShared(false, false);
         // The journal in memory is released below; when it could not be written, stay with it.
-        if (!saveJournal(true, false))
+        // (A journal that was never read, because its file is unreadable or its name unsafe, has
+        // nothing to keep.)
+        if (!saveJournal(true, false) && !m_store.userFileProtected())
             return false;
         if (sharedSaved)
             ++m_saveCount;
@@ -114,9 +116,11 @@ bool UserSession::save(bool release, bool quiet)
     if (!m_savingEnabled)
         return false;
     const bool shared = saveShared(release, quiet);
-    const bool journal = saveJournal(release, quiet);
-    if (shared && journal)
+    const bool journal = saveJournal(release, quiet) || m_store.userFileProtected();
+    if (shared && journal) {
         ++m_saveCount;
+        m_failureShown = false;
+    }
     return shared && journal;
 }
 
@@ -125,25 +129,32 @@ bool UserSession::saveShared(bool release, bool quiet)
     const model::Status status = m_store.saveShared(release);
     if (status.ok())
         return true;
-    if (quiet)
-        m_context.showStatus(
-            saveErrorText(status.error()).replace(QLatin1Char('\n'), QLatin1Char(' ')));
-    else
-        update::showMessageText(m_context.mainWindow(), saveErrorText(status.error()));
+    reportSaveFailure(status.error(), quiet);
     return false;
 }
 
 bool UserSession::saveJournal(bool release, bool quiet)
 {
+    if (m_store.userFileProtected())
+        return false; // reported when it was loaded; its file is left alone
     const model::Status status = m_store.saveCurrentUser(release);
     if (status.ok())
         return true;
-    if (quiet)
-        m_context.showStatus(
-            saveErrorText(status.error()).replace(QLatin1Char('\n'), QLatin1Char(' ')));
-    else
-        update::showMessageText(m_context.mainWindow(), saveErrorText(status.error()));
+    reportSaveFailure(status.error(), quiet);
     return false;
+}
+
+void UserSession::reportSaveFailure(const model::FileError& error, bool quiet)
+{
+    const QString text = saveErrorText(error);
+    if (quiet && m_failureShown) {
+        m_context.showStatus(QString(text).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+        return;
+    }
+    m_failureShown = true;
+    update::showMessageText(m_context.mainWindow(),
+                            text + QStringLiteral("\n\nYour data stays in memory; Velmora tries "
+                                                  "again with the next save."));
 }
 
 } // namespace velmora::app

@@ -48,9 +48,14 @@ private:
     bool saveShared(bool release, bool quiet);
     bool saveJournal(bool release, bool quiet);
 
+    // Tells the user about a failed save: a message box the first time, the status bar while the
+    // same trouble goes on in quiet saves.
+    void reportSaveFailure(const model::FileError& error, bool quiet);
+
     model::Store& m_store;
     AppContext& m_context;
     bool m_savingEnabled = true;
+    bool m_failureShown = false;
     int m_saveCount = 0;
 };
 

@@ -77,7 +77,7 @@ FoodDetailsDialog::FoodDetailsDialog(app::AppContext& context, std::int32_t numb
     const ProteinComparison comparison = compareProtein(catalogue, *food);
     if (comparison.shown) {
         for (std::size_t i = 0; i < model::IdealProtein.size(); ++i) {
-            const QString label = QString::fromLatin1(ProteinChartLabels[i]);
+            const QString label = QString::fromLatin1(model::IdealProtein[i].label);
             m_chart->setValue(foodSeries, label, comparison.food[i]);
             m_chart->setValue(idealSeries, label, comparison.ideal[i]);
         }

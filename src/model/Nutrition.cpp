@@ -8,12 +8,12 @@ namespace velmora::model {
 const std::array<AminoAcidReference, 9> IdealProtein = {{
     {509, "Tryptophan", 7, 0.14285714285714285},
     {512, "Histidine", 18, 0.05555555555555555},
-    {506, "Methionine + Cystine", 25, 0.04},
-    {503, "Isoleucine", 25, 0.04},
+    {506, "Methionine", 25, 0.04},
+    {503, "IsoLeucine", 25, 0.04},
     {502, "Threonine", 27, 0.037037037037037035},
     {510, "Valine", 32, 0.03125},
     {505, "Lysine", 51, 0.0196078431372549},
-    {508, "Phenylalanine + Tyrosine", 47, 0.02127659574468085},
+    {508, "Phenylalanine", 47, 0.02127659574468085},
     {504, "Leucine", 55, 0.01818181818181818},
 }};
 

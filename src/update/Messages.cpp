@@ -34,7 +34,12 @@ int showMessageText(QWidget* parent, const QString& text)
 
 bool askYesNo(QWidget* parent, int id, const QString& caption)
 {
-    QMessageBox box(QMessageBox::Question, caption.isEmpty() ? Caption : caption, messageText(id),
+    return askYesNoText(parent, messageText(id), caption);
+}
+
+bool askYesNoText(QWidget* parent, const QString& text, const QString& caption)
+{
+    QMessageBox box(QMessageBox::Question, caption.isEmpty() ? Caption : caption, text,
                     QMessageBox::Yes | QMessageBox::No, parent);
     box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;

@@ -43,6 +43,7 @@ int showMessage(QWidget* parent, int id);
 int showMessageText(QWidget* parent, const QString& text);
 // A Yes/No question with the caption "Velmora" (or the given caption); true for Yes.
 bool askYesNo(QWidget* parent, int id, const QString& caption = QString());
+bool askYesNoText(QWidget* parent, const QString& text, const QString& caption = QString());
 
 // The delete confirmation: when confirmations are switched off and force is not set, answers yes
 // at once. Otherwise shows the "Delete Confirmation" dialog with the message, "Yes" and "No" and,

@@ -5,10 +5,6 @@
 
 namespace velmora::food {
 
-const std::array<const char*, 9> ProteinChartLabels{"Tryptophan", "Histidine",     "Methionine",
-                                                    "IsoLeucine", "Threonine",     "Valine",
-                                                    "Lysine",     "Phenylalanine", "Leucine"};
-
 ProteinComparison compareProtein(const model::NutrientCatalogue& catalogue,
                                  const model::FoodItem& food)
 {

@@ -17,9 +17,6 @@ namespace velmora::food {
 // Below this much protein per 100 g a food gets no protein quality chart and no sentence.
 inline constexpr double ProteinChartMinimum = 0.1;
 
-// The chart's category labels, in the order of the ideal pattern (model::IdealProtein).
-extern const std::array<const char*, 9> ProteinChartLabels;
-
 // The protein quality comparison of one food.
 struct ProteinComparison
 {
