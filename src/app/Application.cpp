@@ -70,18 +70,23 @@ Application::Options Application::parseArguments(const QStringList& arguments)
     const QCommandLineOption measure(
         QStringLiteral("measure-startup"),
         QStringLiteral("Print the time to the first paint of the main window and quit."));
+    const QCommandLineOption foods(QStringLiteral("foods"),
+                                   QStringLiteral("Read the food database from FILE."),
+                                   QStringLiteral("FILE"));
     parser.addOption(dataDir);
     parser.addOption(measure);
+    parser.addOption(foods);
     parser.process(arguments);
 
     Options options;
     options.dataDir = parser.value(dataDir);
+    options.foodsFile = parser.value(foods);
     options.measureStartup = parser.isSet(measure);
     options.startupDialogs = !options.measureStartup;
     return options;
 }
 
-Application::Paths Application::resolvePaths(const QString& dataDirOption)
+Application::Paths Application::resolvePaths(const QString& dataDirOption, const QString& foodsOption)
 {
     Paths paths;
     const QString programDir = QCoreApplication::applicationDirPath();
@@ -92,8 +97,17 @@ Application::Paths Application::resolvePaths(const QString& dataDirOption)
         paths.dataDir = perUser;
     }
 
+    if (!foodsOption.isEmpty()) {
+        const QString chosen = QFileInfo(foodsOption).absoluteFilePath();
+        paths.searched.append(chosen);
+        if (QFileInfo(chosen).isFile())
+            paths.foodsPath = chosen;
+        return paths;
+    }
     const QString name = QStringLiteral("foods.db");
-    QStringList candidates{QDir(programDir).filePath(name), QDir(paths.dataDir).filePath(name)};
+    // The data folder's own copy first (a folder chosen with --data-dir may bring one), then the
+    // one shipped beside the program, then the installed data folders.
+    QStringList candidates{QDir(paths.dataDir).filePath(name), QDir(programDir).filePath(name)};
     for (const QString& dir : QStandardPaths::standardLocations(QStandardPaths::AppDataLocation))
         candidates.append(QDir(dir).filePath(name));
     for (const QString& candidate : candidates) {
@@ -145,7 +159,7 @@ Application::~Application() = default;
 bool Application::start()
 {
     // The data first: nothing is shown before the store is loaded.
-    m_paths = resolvePaths(m_options.dataDir);
+    m_paths = resolvePaths(m_options.dataDir, m_options.foodsFile);
     m_store.setPaths(toPath(m_paths.foodsPath.isEmpty()
                                 ? QDir(m_paths.dataDir).filePath(QStringLiteral("foods.db"))
                                 : m_paths.foodsPath),

@@ -26,6 +26,7 @@ public:
         bool measureStartup =
             false;                  // --measure-startup: print the time to the first paint and quit
         bool startupDialogs = true; // tips and Initial Setup (off while measuring)
+        QString foodsFile;          // --foods FILE: this food database and no other
     };
 
     struct Paths
@@ -40,9 +41,10 @@ public:
     // Parses the command line (the program's arguments, first one the program).
     static Options parseArguments(const QStringList& arguments);
     // The data folder: the given one, else the program's folder; a folder that cannot be written is
-    // replaced by the per-user application data folder. "foods.db" is looked for beside the
-    // program, then in the data folder, then in the installed data folders.
-    static Paths resolvePaths(const QString& dataDirOption);
+    // replaced by the per-user application data folder. "foods.db" is looked for in the data
+    // folder, then beside the program, then in the installed data folders, unless a file is
+    // named, which is then the only one.
+    static Paths resolvePaths(const QString& dataDirOption, const QString& foodsOption = QString());
     // Fusion with a calm palette, one accent colour and the style sheet of the resources.
     static void applyStyle();
 

@@ -6,6 +6,7 @@
 
 namespace velmora::model {
 class Store;
+struct FileError;
 }
 
 namespace velmora::app {

@@ -363,7 +363,9 @@ private slots:
         ModalScript script;
         script.expect(QStringLiteral("Velmora"),
                       [](QWidget* w) { click(w, QStringLiteral("OK")); });
-        app::Application app({dir.path(), false, true});
+        // The food database named on the command line is missing (a foods.db beside the test
+        // program must not stand in for it).
+        app::Application app({dir.path(), false, true, dir.filePath(QStringLiteral("foods.db"))});
         QVERIFY(app.start());
         QVERIFY(script.finished());
         QCOMPARE(script.unexpected(), QStringList()); // and no Initial Setup over an unloaded store
