@@ -21,37 +21,15 @@
 #include "model/Store.h"
 #include "support/Builders.h"
 #include "update/Messages.h"
+#include "GuiTestSupport.h"
 
 using namespace velmora;
 
 namespace {
 
-class TestContext : public app::AppContext
-{
-public:
-    model::Store& store() override { return m_store; }
-    void refreshAllPages() override {}
-    void markModified() override { ++modified; }
-    void showStatus(const QString&) override {}
-    QWidget* mainWindow() override { return nullptr; }
+using test::TestContext;
 
-    model::Store m_store;
-    int modified = 0;
-};
-
-void onNextModal(std::function<void(QWidget*)> action)
-{
-    auto* timer = new QTimer;
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, [timer, action] {
-        if (QWidget* modal = QApplication::activeModalWidget()) {
-            timer->stop();
-            timer->deleteLater();
-            action(modal);
-        }
-    });
-    timer->start();
-}
+using test::onNextModal;
 
 QPushButton* buttonOf(QWidget* w, const QString& text)
 {

@@ -32,24 +32,14 @@
 #include "model/Store.h"
 #include "test_app_support.h"
 #include "update/Messages.h"
+#include "GuiTestSupport.h"
 
 using namespace velmora;
 using test::FoodBuilder;
 
 namespace {
 
-class TestContext : public app::AppContext
-{
-public:
-    model::Store& store() override { return m_store; }
-    void refreshAllPages() override {}
-    void markModified() override { ++modified; }
-    void showStatus(const QString&) override {}
-    QWidget* mainWindow() override { return nullptr; }
-
-    model::Store m_store;
-    int modified = 0;
-};
+using test::TestContext;
 
 const std::vector<model::NutrientDef>& catalogue()
 {
