@@ -142,6 +142,13 @@ void FoodChooser::refresh()
     m_groups->blockSignals(false);
 
     const std::int32_t selected = selectedFood() ? selectedFood()->number : -1;
+    fillForMode(false);
+    if (selected >= 0)
+        selectFood(selected);
+}
+
+void FoodChooser::fillForMode(bool reportNoMatches)
+{
     switch (m_mode) {
     case FoodListMode::Custom:
         fillList(customFoodList(m_context.store().shared.customFoods));
@@ -150,14 +157,12 @@ void FoodChooser::refresh()
         fillList(recentFoodList(m_context.store(), m_context.store().journal.user));
         break;
     case FoodListMode::All:
-        if (m_searchBox->text().isEmpty())
-            fillList({});
-        else
-            search(false);
+        // An empty box leaves the list empty; a box holding text (blanks too) searches again.
+        fillList({});
+        if (!m_searchBox->text().isEmpty())
+            search(reportNoMatches);
         break;
     }
-    if (selected >= 0)
-        selectFood(selected);
 }
 
 void FoodChooser::setMode(FoodListMode mode)
@@ -166,19 +171,7 @@ void FoodChooser::setMode(FoodListMode mode)
     modeButton(mode)->setChecked(true);
     if (mode != FoodListMode::All)
         m_searchBox->clear();
-    switch (mode) {
-    case FoodListMode::Custom:
-        fillList(customFoodList(m_context.store().shared.customFoods));
-        break;
-    case FoodListMode::Recent:
-        fillList(recentFoodList(m_context.store(), m_context.store().journal.user));
-        break;
-    case FoodListMode::All:
-        fillList({});
-        if (!m_searchBox->text().isEmpty())
-            search();
-        break;
-    }
+    fillForMode(true);
     applyEnabling();
 }
 

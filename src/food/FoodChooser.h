@@ -73,6 +73,8 @@ protected:
 
 private:
     void fillList(const std::vector<std::int32_t>& numbers);
+    // Fills the list as the chosen mode says; a search without hits is announced when asked.
+    void fillForMode(bool reportNoMatches);
     void onFoodChanged();
     void onMeasureChanged(int index);
     void applyEnabling();
