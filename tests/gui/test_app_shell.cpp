@@ -50,7 +50,7 @@ private slots:
         QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
         test::writeSmallFoods(m_data.path());
         m_app = std::make_unique<app::Application>(
-            app::Application::Options{m_data.path(), false, false});
+            test::appOptions(m_data.path(), false));
         QVERIFY(m_app->start());
     }
 

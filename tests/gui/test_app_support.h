@@ -32,6 +32,17 @@ inline void usePrivateSettings(const QString& folder)
     QSettings().clear();
 }
 
+// Start-up options for a data folder, with or without the start-up dialogs.
+inline app::Application::Options appOptions(const QString& dataDir, bool startupDialogs,
+                                            const QString& foodsFile = QString())
+{
+    app::Application::Options o;
+    o.dataDir = dataDir;
+    o.startupDialogs = startupDialogs;
+    o.foodsFile = foodsFile;
+    return o;
+}
+
 // Writes a small "foods.db" into a folder.
 inline void writeSmallFoods(const QString& folder)
 {

@@ -95,7 +95,7 @@ private slots:
                     })
             .expect(QStringLiteral("*"), [](QWidget* w) { w->close(); }); // the diet goals
 
-        app::Application app({dir.path(), false, true});
+        app::Application app(test::appOptions(dir.path(), true));
         QVERIFY(app.start());
         QVERIFY(script.finished());
         QCOMPARE(script.unexpected(), QStringList());
@@ -148,7 +148,7 @@ private slots:
             .expect(QStringLiteral("Initial Setup"),
                     [](QWidget* w) { click(w, QStringLiteral("Skip")); });
 
-        app::Application app({dir.path(), false, true});
+        app::Application app(test::appOptions(dir.path(), true));
         QVERIFY(app.start());
         QVERIFY(script.finished());
         QCOMPARE(script.unexpected(), QStringList());
@@ -187,7 +187,7 @@ private slots:
         QFETCH(bool, duplicate);
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         const QString problem = app.window()->session().newNameProblem(typed);
         QCOMPARE(problem.isEmpty(), accepted);
@@ -198,7 +198,7 @@ private slots:
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         app::UserSession& session = app.window()->session();
         for (int i = 1; i < 255; ++i) {
@@ -218,7 +218,7 @@ private slots:
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         app::UserSession& session = app.window()->session();
         model::Store& store = app.store();
@@ -279,7 +279,7 @@ private slots:
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         app::UserSession& session = app.window()->session();
         model::Store& store = app.store();
@@ -318,7 +318,7 @@ private slots:
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         app.window()->session().addUser("Alice");
         ModalScript script;
@@ -337,7 +337,7 @@ private slots:
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         app.window()->session().deleteUser(0);
         QCOMPARE(names(app), std::vector<std::string>{"Example User"});
@@ -349,7 +349,7 @@ private slots:
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         app.store().journal.days.push_back(dayNumber(7));
         app.window()->close();
@@ -365,7 +365,8 @@ private slots:
                       [](QWidget* w) { click(w, QStringLiteral("OK")); });
         // The food database named on the command line is missing (a foods.db beside the test
         // program must not stand in for it).
-        app::Application app({dir.path(), false, true, dir.filePath(QStringLiteral("foods.db"))});
+        app::Application app(
+            test::appOptions(dir.path(), true, dir.filePath(QStringLiteral("foods.db"))));
         QVERIFY(app.start());
         QVERIFY(script.finished());
         QCOMPARE(script.unexpected(), QStringList()); // and no Initial Setup over an unloaded store
@@ -381,7 +382,7 @@ private slots:
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        app::Application app({dir.path(), false, false});
+        app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
         // A folder in the way of "velmora.db" makes the rename fail.
         QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("velmora.db")));
