@@ -15,7 +15,9 @@ QuarterColumns::QuarterColumns(QTreeWidget* list) : QObject(list), m_list(list)
 
 bool QuarterColumns::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_list->viewport() && event->type() == QEvent::Resize)
+    // Only the list's viewport is watched. The event type is tested first: while the list is being
+    // destroyed its viewport still sends events, and the list must not be touched then.
+    if (event->type() == QEvent::Resize)
         apply();
     return QObject::eventFilter(watched, event);
 }

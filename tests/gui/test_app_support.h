@@ -71,7 +71,7 @@ inline void click(QWidget* dialog, const QString& text)
 }
 
 // Answers modal dialogs in order. Each step waits for an active modal window with the given title
-// ("*" for any) and runs its action. A modal window that no step expects is closed after a few
+// ("*" for any) and runs its action. A modal window that no step expects is closed after ten
 // seconds and recorded, so that a wrong dialog fails the test instead of hanging it.
 class ModalScript : public QObject
 {
@@ -126,7 +126,7 @@ private:
             QTimer::singleShot(0, w, [action = std::move(step.action), w] { action(w); });
             return;
         }
-        if (++m_strangerTicks > 300) {
+        if (++m_strangerTicks > 1000) {
             m_unexpected.append(w->windowTitle());
             if (auto* box = qobject_cast<QMessageBox*>(w))
                 m_unexpected.append(box->text());
