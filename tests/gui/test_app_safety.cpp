@@ -29,6 +29,20 @@ std::vector<std::uint8_t> twoUsers()
     return shared.serialize();
 }
 
+// A data folder whose "velmora.db" is cut short in its last list, with a whole backup beside it.
+// Returns the backup's and the damaged file's bytes.
+std::pair<std::vector<std::uint8_t>, std::vector<std::uint8_t>>
+damagedWithBackup(const QTemporaryDir& dir)
+{
+    test::writeSmallFoods(dir.path());
+    const auto good = twoUsers();
+    auto damaged = good;
+    damaged.resize(damaged.size() - 3);
+    test::writeBytes(fileIn(dir, QStringLiteral("velmora.db.bak")), good);
+    test::writeBytes(fileIn(dir, QStringLiteral("velmora.db")), damaged);
+    return {good, damaged};
+}
+
 QStringList damagedCopies(const QTemporaryDir& dir)
 {
     return QDir(dir.path()).entryList({QStringLiteral("velmora.db.damaged-*")}, QDir::Files);
@@ -56,12 +70,7 @@ private slots:
     void aDamagedFileIsReportedAndItsBackupRestored()
     {
         QTemporaryDir dir;
-        test::writeSmallFoods(dir.path());
-        const auto good = twoUsers();
-        auto damaged = good;
-        damaged.resize(damaged.size() - 3);
-        test::writeBytes(fileIn(dir, QStringLiteral("velmora.db.bak")), good);
-        test::writeBytes(fileIn(dir, QStringLiteral("velmora.db")), damaged);
+        const auto [good, damaged] = damagedWithBackup(dir);
 
         test::ModalScript script;
         script.expect(QStringLiteral("Velmora"),
@@ -84,12 +93,7 @@ private slots:
     void decliningTheBackupKeepsWhatWasReadWhole()
     {
         QTemporaryDir dir;
-        test::writeSmallFoods(dir.path());
-        const auto good = twoUsers();
-        auto damaged = good;
-        damaged.resize(damaged.size() - 3);
-        test::writeBytes(fileIn(dir, QStringLiteral("velmora.db.bak")), good);
-        test::writeBytes(fileIn(dir, QStringLiteral("velmora.db")), damaged);
+        const auto [good, damaged] = damagedWithBackup(dir);
 
         test::ModalScript script;
         script.expect(QStringLiteral("Velmora"),
