@@ -221,6 +221,12 @@ bool MainWindow::saveChanges(bool quiet)
     m_saveTimer->stop();
     if (!m_session->savingEnabled())
         return true;
+    // A save normalises the store, which sorts the definition lists; a dialog that is open may hold
+    // positions in them. Wait until it has closed.
+    if (quiet && QApplication::activeModalWidget()) {
+        m_saveTimer->start();
+        return true;
+    }
     m_host->storeCurrent();
     if (!m_store.hasUnsavedChanges())
         return true;
