@@ -3,6 +3,7 @@
 // Shared by the shell's widget tests: private settings, a data folder with a small food
 // database, and a script that answers the modal dialogs the code under test opens.
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 
@@ -111,12 +112,20 @@ private:
             m_strangerTicks = 0;
             return;
         }
-        if (w != m_last && !m_steps.empty() &&
-            (m_steps.front().title == QLatin1String("*") ||
-             w->windowTitle() == m_steps.front().title)) {
+        // The window just answered may stay the active modal one for a moment; a window answered
+        // earlier becomes active again once a dialog it opened has closed. A step names its
+        // window by title and may answer such a window again; "*" stands for a window not seen yet.
+        const bool answeredBefore = std::any_of(m_seen.begin(), m_seen.end(),
+                                                [w](const QPointer<QWidget>& p) { return p == w; });
+        const bool matches =
+            !m_steps.empty() && (m_steps.front().title == QLatin1String("*")
+                                     ? !answeredBefore
+                                     : w != m_last && w->windowTitle() == m_steps.front().title);
+        if (matches) {
             Step step = std::move(m_steps.front());
             m_steps.pop_front();
             m_last = w;
+            m_seen.append(w);
             m_strangerTicks = 0;
             m_answered.append(w->windowTitle());
             if (auto* box = qobject_cast<QMessageBox*>(w))
@@ -132,6 +141,7 @@ private:
                 m_unexpected.append(box->text());
             m_strangerTicks = 0;
             m_last = w;
+            m_seen.append(w);
             w->close();
         }
     }
@@ -139,6 +149,7 @@ private:
     QTimer m_timer;
     std::deque<Step> m_steps;
     QPointer<QWidget> m_last;
+    QList<QPointer<QWidget>> m_seen;
     int m_strangerTicks = 0;
     QStringList m_answered;
     QStringList m_messages;
