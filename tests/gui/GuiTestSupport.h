@@ -6,6 +6,7 @@
 #include <functional>
 
 #include <QApplication>
+#include <QPushButton>
 #include <QTimer>
 #include <QWidget>
 
@@ -42,6 +43,15 @@ inline void onNextModal(std::function<void(QWidget*)> action)
         }
     });
     timer->start();
+}
+
+// The push button of a dialog with exactly this text, or nullptr.
+inline QPushButton* buttonOf(QWidget* w, const QString& text)
+{
+    for (QPushButton* b : w->findChildren<QPushButton*>())
+        if (b->text() == text)
+            return b;
+    return nullptr;
 }
 
 } // namespace velmora::test

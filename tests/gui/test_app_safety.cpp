@@ -62,11 +62,7 @@ private slots:
         test::usePrivateSettings(m_settings.path());
     }
 
-    void init()
-    {
-        QSettings().clear();
-        QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
-    }
+    void init() { test::resetSettings(); }
 
     void aDamagedFileIsReportedAndItsBackupRestored()
     {

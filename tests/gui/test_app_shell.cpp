@@ -49,8 +49,7 @@ private slots:
         test::usePrivateSettings(m_settings.path());
         QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
         test::writeSmallFoods(m_data.path());
-        m_app = std::make_unique<app::Application>(
-            test::appOptions(m_data.path(), false));
+        m_app = std::make_unique<app::Application>(test::appOptions(m_data.path(), false));
         QVERIFY(m_app->start());
     }
 

@@ -33,6 +33,13 @@ inline void usePrivateSettings(const QString& folder)
     QSettings().clear();
 }
 
+// Before each test: empty settings, and no tip of the day at start-up.
+inline void resetSettings()
+{
+    QSettings().clear();
+    QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
+}
+
 // Start-up options for a data folder, with or without the start-up dialogs.
 inline app::Application::Options appOptions(const QString& dataDir, bool startupDialogs,
                                             const QString& foodsFile = QString())

@@ -73,11 +73,7 @@ private slots:
         test::usePrivateSettings(m_settings.path());
     }
 
-    void init()
-    {
-        QSettings().clear();
-        QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
-    }
+    void init() { test::resetSettings(); }
 
     void firstStartShowsInitialSetupAndNextMakesTheNewUser()
     {

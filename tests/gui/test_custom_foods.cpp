@@ -31,13 +31,7 @@ using test::TestContext;
 
 using test::onNextModal;
 
-QPushButton* buttonOf(QWidget* w, const QString& text)
-{
-    for (QPushButton* b : w->findChildren<QPushButton*>())
-        if (b->text() == text)
-            return b;
-    return nullptr;
-}
+using test::buttonOf;
 
 } // namespace
 

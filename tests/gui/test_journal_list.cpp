@@ -44,13 +44,7 @@ void clickButton(QWidget* dialog, const QString& text)
     QFAIL("button not found");
 }
 
-QPushButton* buttonOf(QWidget* w, const QString& text)
-{
-    for (QPushButton* b : w->findChildren<QPushButton*>())
-        if (b->text() == text)
-            return b;
-    return nullptr;
-}
+using test::buttonOf;
 
 } // namespace
 
