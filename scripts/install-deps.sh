@@ -1,9 +1,28 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building and testing need, when any is missing.
+# Installs every Debian package that building, testing and running need on Debian 12 (or a
+# derivative with apt), as root or through sudo. Every package is named: nothing is left to what
+# happens to be installed already or to what apt recommends. A second call installs nothing.
 set -euo pipefail
-packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
-          qt6-base-dev qt6-base-dev-tools qt6-charts-dev qt6-svg-dev libqt6opengl6-dev libgl1-mesa-dev libxkbcommon-dev
-          libzip-dev libxml2-dev xvfb xauth clang libclang-rt-14-dev)
+packages=(
+    # compilers and build tools
+    cmake ninja-build g++ pkg-config
+    # tests and benchmarks
+    libgtest-dev libgmock-dev libbenchmark-dev
+    # Qt 6: Qt Charts' CMake package needs Qt's OpenGL module and the GL headers
+    qt6-base-dev qt6-base-dev-tools qt6-charts-dev qt6-svg-dev libqt6opengl6-dev
+    libgl1-mesa-dev libxkbcommon-dev
+    # the food-database builder reads the USDA archives
+    libzip-dev libxml2-dev
+    # a display for the program and its widget tests, and fonts to draw text with
+    xvfb xauth fontconfig fonts-dejavu-core
+    # fuzzing and the sanitizer runtime of clang
+    clang libclang-rt-14-dev
+)
+if ! command -v apt-get >/dev/null 2>&1; then
+    echo "install-deps: this script needs Debian 12 or a derivative with apt-get." >&2
+    echo "Install these packages (or their equivalents) by hand: ${packages[*]}" >&2
+    exit 1
+fi
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
