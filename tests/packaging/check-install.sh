@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Checks the manual page against the console tool's own help, then installs the build into a
+# temporary prefix and checks the installed tree: programs, data, menu entry, icons, metainfo.
+set -euo pipefail
+build="$1" cli="$2" man="$3"
+status=0
+complain() { echo "FAIL: $*" >&2; status=1; }
+
+# Every command that --help lists has its own entry in the manual page.
+commands=$("$cli" --help | sed -n '/^Commands:/,/^$/p' | awk '/^  [a-z]/ {print $1}')
+[ -n "$commands" ] || complain "velmora-cli --help lists no commands"
+for c in $commands; do
+    grep -Eq "^\.B[IR]? \"?$c[ \"]" "$man" || complain "the manual page has no entry for the command '$c'"
+done
+groff -t -man -ww -z "$man" 2>"$build/manpage-warnings.txt" || complain "groff cannot read the manual page"
+[ -s "$build/manpage-warnings.txt" ] && complain "man reports: $(cat "$build/manpage-warnings.txt")"
+
+prefix="$(mktemp -d)"
+trap 'rm -rf "$prefix"' EXIT
+cmake --install "$build" --prefix "$prefix" >/dev/null
+for f in bin/velmora bin/velmora-cli share/velmora/tips.txt \
+         share/applications/org.orvane.Velmora.desktop share/metainfo/org.orvane.Velmora.metainfo.xml \
+         share/icons/hicolor/scalable/apps/org.orvane.Velmora.svg \
+         share/icons/hicolor/256x256/apps/org.orvane.Velmora.png \
+         share/man/man1/velmora-cli.1.gz share/doc/velmora/copyright; do
+    [ -e "$prefix/$f" ] || complain "not installed: $f"
+done
+if [ -e "$build/bin/foods.db" ]; then
+    cmp -s "$build/bin/foods.db" "$prefix/share/velmora/foods.db" || complain "foods.db not installed"
+fi
+"$prefix/bin/velmora-cli" --help >/dev/null || complain "the installed velmora-cli does not start"
+exit $status
