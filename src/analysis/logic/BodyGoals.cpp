@@ -30,10 +30,10 @@ std::optional<std::size_t> storeBodyGoals(model::User& user,
 {
     std::array<float, BodyGoalCount> values{};
     for (std::size_t i = 0; i < BodyGoalCount; ++i) {
-        const std::optional<double> v = parseNumber(boxes[i]);
+        const std::optional<float> v = parseFloatNumber(boxes[i]);
         if (!v)
             return i;
-        values[i] = static_cast<float>(*v);
+        values[i] = *v;
     }
     user.bodyGoals = values;
     return std::nullopt;

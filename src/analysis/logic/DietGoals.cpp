@@ -107,7 +107,7 @@ std::vector<float> goalValuesFromCells(const std::vector<std::string>& cells)
     std::vector<float> values;
     values.reserve(cells.size());
     for (const std::string& cell : cells)
-        values.push_back(static_cast<float>(parseNumber(cell).value_or(0.0)));
+        values.push_back(parseFloatNumber(cell).value_or(0.0f));
     return values;
 }
 

@@ -2,10 +2,13 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace velmora::analysis {
 
-std::optional<double> parseNumber(std::string_view text)
+namespace {
+
+template <class T> std::optional<T> parse(std::string_view text)
 {
     const auto blank = [](char c) { return c == ' ' || c == '\t'; };
     while (!text.empty() && blank(text.front()))
@@ -16,12 +19,24 @@ std::optional<double> parseNumber(std::string_view text)
         text.remove_prefix(1);
     if (text.empty())
         return std::nullopt;
-    double value = 0.0;
+    T value{};
     const auto [end, error] =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::general);
-    if (error != std::errc() || end != text.data() + text.size())
+    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
         return std::nullopt;
     return value;
+}
+
+} // namespace
+
+std::optional<double> parseNumber(std::string_view text)
+{
+    return parse<double>(text);
+}
+
+std::optional<float> parseFloatNumber(std::string_view text)
+{
+    return parse<float>(text);
 }
 
 std::string numberBoxText(float value)
