@@ -126,18 +126,22 @@ TEST(DietPlanner, EqualWeightsAreSilentAndTheEndMustFollowTheStart)
     }
 }
 
-TEST(DietPlanner, AcceptStoresTheValuesAndASignedDailyChange)
+TEST(DietPlanner, AcceptStoresASignedDailyChange)
 {
-    analysis::DietGoals goals;
-    analysis::acceptDiet(goals, {{2026, 1, 5}, {2026, 3, 16}, 140.0f, 150.0f, false});
-    EXPECT_EQ(goals.dailyChange, 500.0f); // a gain: eat more
-    EXPECT_EQ(goals.plan.start, (model::CalendarDate{2026, 1, 5}.toTime()));
-    EXPECT_EQ(goals.plan.end, (model::CalendarDate{2026, 3, 16}.toTime()));
-    EXPECT_EQ(goals.plan.startWeight, 140.0f);
-    EXPECT_EQ(goals.plan.endWeight, 150.0f);
-
-    analysis::acceptDiet(goals, {{2026, 1, 5}, {2026, 3, 16}, 150.0f, 140.0f, false});
-    EXPECT_EQ(goals.dailyChange, -500.0f);
-    analysis::acceptDiet(goals, {{2026, 1, 5}, {2026, 1, 5}, 150.0f, 140.0f, false});
-    EXPECT_EQ(goals.dailyChange, 0.0f);
+    struct Case
+    {
+        model::CalendarDate end;
+        float from, to;
+        float dailyChange;
+    };
+    const Case cases[] = {{{2026, 3, 16}, 140.0f, 150.0f, 500.0f}, // a gain: eat more
+                          {{2026, 3, 16}, 150.0f, 140.0f, -500.0f},
+                          {{2026, 1, 5}, 150.0f, 140.0f, 0.0f}}; // nothing computed
+    for (const Case& c : cases) {
+        analysis::DietGoals goals;
+        goals.dailyChange = 123.0f;
+        analysis::acceptDiet(goals, {{2026, 1, 5}, c.end, c.from, c.to, false});
+        EXPECT_EQ(goals.dailyChange, c.dailyChange) << c.from << " to " << c.to;
+        EXPECT_EQ(goals.plan.endWeight, c.to);
+    }
 }

@@ -223,10 +223,9 @@ TEST(GraphSeries, FitnessCurveTakesEachDaysGreatestReadableValue)
         const char* text;
         std::optional<double> seconds;
     };
-    const TimeCase times[] = {
-        {"00:00:00", 0.0},         {"1:02:03", 3723.0},       {"25:00", 90000.0},
-        {" 0:10:00 ", 600.0},      {"0:61:00", std::nullopt}, {"12", std::nullopt},
-        {"1:2:3:4", std::nullopt}, {"", std::nullopt},        {"a:b", std::nullopt}};
+    const TimeCase times[] = {{"00:00:00", 0.0},         {"1:02:03", 3723.0},
+                              {" 0:10 ", 600.0},         {"0:61:00", std::nullopt},
+                              {"1:2:3:4", std::nullopt}, {"12", std::nullopt}};
     for (const TimeCase& c : times)
         EXPECT_EQ(analysis::fieldTimeSeconds(c.text), c.seconds) << c.text;
 }
