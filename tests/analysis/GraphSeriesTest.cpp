@@ -1,0 +1,267 @@
+// Series of the graphs page: the base curve, nutrient, health, variable and fitness curves and the
+// diet plan graph.
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "analysis/logic/GraphSeries.h"
+#include "model/Store.h"
+#include "support/Builders.h"
+
+using namespace velmora;
+using analysis::HealthItem;
+using analysis::Series;
+using model::CalendarDate;
+
+namespace {
+
+model::TimeT at(CalendarDate d, int hour = 0, int minute = 0)
+{
+    return d.toTime() + hour * 3600 + minute * 60;
+}
+
+std::vector<model::TimeT> datesOf(const std::optional<Series>& s)
+{
+    std::vector<model::TimeT> out;
+    if (s)
+        for (const auto& p : s->points)
+            out.push_back(p.date);
+    return out;
+}
+
+std::vector<double> valuesOf(const std::optional<Series>& s)
+{
+    std::vector<double> out;
+    if (s)
+        for (const auto& p : s->points)
+            out.push_back(p.value);
+    return out;
+}
+
+model::ExerciseRecord set(std::int32_t exercise, std::vector<model::ExerciseValue> values)
+{
+    model::ExerciseRecord r;
+    r.exercise = exercise;
+    r.values = std::move(values);
+    return r;
+}
+
+// March 2026: the 12th with a meal and a health entry, the 10th with a meal only (stored after
+// the 12th), the 11th with health values and a workout but no meal, the 14th with an empty health
+// entry and a meal, the 20th (outside the usual range) with everything.
+struct GraphData
+{
+    model::Store store;
+    GraphData()
+    {
+        const auto catalogue = test::standardCatalogue();
+        store.foods.setCatalogue(catalogue);
+        store.foods.catalogue().appendComputed();
+        store.foods.addFood(
+            test::FoodBuilder(catalogue, 1001).value(208, 200.0f).value(203, 10.0f));
+
+        auto& days = store.journal.days;
+        days.push_back(test::dayWithMeal(CalendarDate{2026, 3, 12}.toTime(), 0, {{1001, 2.0f}}));
+        model::HealthEntry& h = days.back().health;
+        h.weight = 181.5f;
+        h.bodyFat = 21.0f;
+        h.vo2Max = 44.0f;
+        h.temperature = 98.2f;
+        h.wakeTime = at({2026, 3, 12}, 7, 30);
+        h.measurements[static_cast<std::size_t>(model::Measurement::RightBicep)] = 15.0f;
+        h.measurements[static_cast<std::size_t>(model::Measurement::LeftBicep)] = 14.5f;
+        h.measurements[static_cast<std::size_t>(model::Measurement::RightCalf)] = 16.0f;
+        h.measurements[static_cast<std::size_t>(model::Measurement::LeftCalf)] = 15.5f;
+        h.variables = {{5, 1.5f, "", 0}, {6, 9.0f, "", 0}, {5, 2.0f, "", 0}};
+
+        days.push_back(test::dayWithMeal(CalendarDate{2026, 3, 10}.toTime(), 2, {{1001, 1.0f}}));
+
+        model::JournalDay d11;
+        d11.date = CalendarDate{2026, 3, 11}.toTime();
+        d11.health.weight = 182.0f;
+        model::WorkoutEntry w;
+        w.exercises = {set(7, {{1, "10"}, {2, "0:31:05"}}), set(7, {{1, "12"}, {2, "oops"}}),
+                       set(8, {{1, "50"}})};
+        d11.workouts.push_back(w);
+        days.push_back(d11);
+
+        days.push_back(test::dayWithMeal(CalendarDate{2026, 3, 14}.toTime(), 1, {{1001, 0.5f}}));
+
+        model::JournalDay d20 =
+            test::dayWithMeal(CalendarDate{2026, 3, 20}.toTime(), 0, {{1001, 1.0f}});
+        d20.health.weight = 179.0f;
+        model::WorkoutEntry w20;
+        w20.exercises = {set(7, {{1, "8"}, {2, "0:29:40"}})};
+        d20.workouts.push_back(w20);
+        days.push_back(d20);
+    }
+};
+
+const CalendarDate From{2026, 3, 10};
+const CalendarDate To{2026, 3, 14};
+
+} // namespace
+
+TEST(GraphSeries, BaseCurveRunsFromFromToTheDayBeforeTo)
+{
+    struct Case
+    {
+        CalendarDate from, to;
+        std::size_t count;
+        CalendarDate last;
+    };
+    const Case cases[] = {
+        {{2026, 3, 1}, {2026, 3, 8}, 7, {2026, 3, 7}},
+        {{2025, 12, 30}, {2026, 1, 2}, 3, {2026, 1, 1}},
+        {{2024, 2, 28}, {2024, 3, 1}, 2, {2024, 2, 29}},
+        {{2026, 3, 8}, {2026, 3, 8}, 0, {}}, // same day: no graph
+        {{2026, 3, 8}, {2026, 3, 1}, 0, {}},
+    };
+    for (const Case& c : cases) {
+        const auto base = analysis::baseCurve(c.from, c.to);
+        ASSERT_EQ(base.has_value(), c.count > 0) << c.from.day;
+        if (!base)
+            continue;
+        EXPECT_EQ(base->points.size(), c.count);
+        EXPECT_EQ(base->points.front().date, c.from.toTime());
+        EXPECT_EQ(base->points.back().date, c.last.toTime());
+        for (const auto& p : base->points)
+            EXPECT_EQ(p.value, 0.0);
+    }
+}
+
+TEST(GraphSeries, NutrientCurveTakesDaysWithMealsInDateOrder)
+{
+    GraphData data;
+    const auto energy = analysis::nutrientCurve(data.store, From, To, 208);
+    ASSERT_TRUE(energy);
+    EXPECT_EQ(energy->label, "Energy");
+    EXPECT_EQ(datesOf(energy), (std::vector<model::TimeT>{CalendarDate{2026, 3, 10}.toTime(),
+                                                          CalendarDate{2026, 3, 12}.toTime(),
+                                                          CalendarDate{2026, 3, 14}.toTime()}));
+    EXPECT_EQ(valuesOf(energy), (std::vector<double>{200.0, 400.0, 100.0}));
+    // Only the 11th in range, which has no meal.
+    EXPECT_FALSE(analysis::nutrientCurve(data.store, {2026, 3, 11}, {2026, 3, 11}, 208));
+    EXPECT_FALSE(analysis::nutrientCurve(data.store, To, From, 208));
+}
+
+TEST(GraphSeries, HealthItemsReadTheFieldOfTheirOwnName)
+{
+    GraphData data;
+    const auto& days = data.store.journal.days;
+    struct Case
+    {
+        HealthItem item;
+        double on12th;
+    };
+    const Case cases[] = {
+        {HealthItem::Weight, 181.5},     {HealthItem::BodyFat, 21.0},
+        {HealthItem::Vo2Max, 44.0},      {HealthItem::Temperature, 98.2f},
+        {HealthItem::LeftBicep, 14.5},   {HealthItem::RightBicep, 15.0},
+        {HealthItem::LeftCalf, 15.5},    {HealthItem::RightCalf, 16.0},
+        {HealthItem::WakeTime, 27000.0}, // 7:30 as seconds after midnight
+    };
+    for (const Case& c : cases) {
+        const auto s = analysis::healthCurve(days, From, To, c.item, false);
+        const std::string name = analysis::HealthItemNames[static_cast<std::size_t>(c.item)];
+        ASSERT_TRUE(s) << name;
+        EXPECT_EQ(s->label, name);
+        // The 11th and the 12th hold health values; the 14th's entry is empty. The 11th has no
+        // wake time, so the wake time curve has the 12th alone.
+        const std::vector<double> expected =
+            c.item == HealthItem::WakeTime ? std::vector<double>{c.on12th}
+            : c.item == HealthItem::Weight ? std::vector<double>{182.0, c.on12th}
+                                           : std::vector<double>{0.0, c.on12th};
+        EXPECT_EQ(valuesOf(s), expected) << name;
+    }
+    const auto imperial = analysis::healthCurve(days, From, To, HealthItem::WakeTime, false);
+    const auto metric = analysis::healthCurve(days, From, To, HealthItem::WakeTime, true);
+    EXPECT_EQ(imperial->axis, analysis::AxisKind::Time);
+    EXPECT_STREQ(imperial->axisFormat, "%I:%M:%S%p");
+    EXPECT_STREQ(metric->axisFormat, "%H:%M:%S ");
+    EXPECT_EQ(analysis::healthCurve(days, From, To, HealthItem::Weight, true)->axis,
+              analysis::AxisKind::Number);
+    EXPECT_FALSE(
+        analysis::healthCurve(days, {2026, 3, 13}, {2026, 3, 14}, HealthItem::Pulse, false));
+
+    model::UserVariable vitamin;
+    vitamin.id = 5;
+    vitamin.name = "Vitamin c";
+    const auto v = analysis::variableCurve(days, From, To, vitamin);
+    ASSERT_TRUE(v);
+    EXPECT_EQ(v->label, "Vitamin c");
+    EXPECT_EQ(valuesOf(v), (std::vector<double>{0.0, 3.5}));
+}
+
+TEST(GraphSeries, FitnessCurveTakesEachDaysGreatestReadableValue)
+{
+    GraphData data;
+    const auto& days = data.store.journal.days;
+    const model::Exercise running{7, "Running", {1, 2}};
+    const model::ExerciseField laps{1, "Laps", 0};
+    const model::ExerciseField time{2, "Time", 2};
+
+    const auto lapCurve = analysis::fitnessCurve(days, From, {2026, 3, 31}, running, laps);
+    ASSERT_TRUE(lapCurve);
+    EXPECT_EQ(lapCurve->label, "Running - Laps");
+    EXPECT_EQ(lapCurve->axis, analysis::AxisKind::Number);
+    EXPECT_EQ(valuesOf(lapCurve), (std::vector<double>{12.0, 8.0}));
+
+    const auto timeCurve = analysis::fitnessCurve(days, From, {2026, 3, 31}, running, time);
+    ASSERT_TRUE(timeCurve);
+    EXPECT_EQ(timeCurve->axis, analysis::AxisKind::Time);
+    EXPECT_STREQ(timeCurve->axisFormat, "%H:%M:%S ");
+    EXPECT_EQ(valuesOf(timeCurve), (std::vector<double>{1865.0, 1780.0}));
+
+    EXPECT_FALSE(analysis::fitnessCurve(days, {2026, 3, 12}, {2026, 3, 14}, running, laps));
+
+    struct TimeCase
+    {
+        const char* text;
+        std::optional<double> seconds;
+    };
+    const TimeCase times[] = {{"00:00:00", 0.0},         {"1:02:03", 3723.0},
+                              {" 0:10 ", 600.0},         {"0:61:00", std::nullopt},
+                              {"1:2:3:4", std::nullopt}, {"12", std::nullopt}};
+    for (const TimeCase& c : times)
+        EXPECT_EQ(analysis::fieldTimeSeconds(c.text), c.seconds) << c.text;
+}
+
+TEST(GraphSeries, DietPlanGraphNeedsAPlanAndAValidRange)
+{
+    GraphData data;
+    model::User& user = data.store.journal.user;
+    user.planStart = at({2026, 3, 11});
+    user.planEnd = at({2026, 3, 21});
+    user.planStartWeight = 182.0f;
+    user.planEndWeight = 175.0f;
+
+    auto g = analysis::dietPlanGraph(user, data.store.journal.days);
+    EXPECT_EQ(g.state, analysis::DietPlanGraph::State::NoPlan);
+
+    user.changeWeight = 1;
+    g = analysis::dietPlanGraph(user, data.store.journal.days);
+    ASSERT_EQ(g.state, analysis::DietPlanGraph::State::Shown);
+    EXPECT_EQ(g.from, (CalendarDate{2026, 3, 11}));
+    EXPECT_EQ(g.to, (CalendarDate{2026, 3, 21}));
+    EXPECT_EQ(g.base->points.size(), 10u);
+    EXPECT_EQ(valuesOf(g.weight), (std::vector<double>{182.0, 181.5, 179.0}));
+    EXPECT_EQ(g.plan.label, "Plan");
+    EXPECT_FALSE(g.plan.ownAxisShown);
+    EXPECT_EQ(g.plan.points,
+              (std::vector<analysis::SeriesPoint>{{user.planStart, 182.0}, {user.planEnd, 175.0}}));
+
+    user.planStart = at({2026, 3, 1});
+    user.planEnd = at({2026, 3, 9});
+    g = analysis::dietPlanGraph(user, data.store.journal.days);
+    EXPECT_EQ(g.state, analysis::DietPlanGraph::State::Shown);
+    EXPECT_FALSE(g.weight); // no weight recorded in the plan's days
+    EXPECT_EQ(g.plan.points.size(), 2u);
+
+    user.planEnd = user.planStart + 3600;
+    EXPECT_EQ(analysis::dietPlanGraph(user, data.store.journal.days).state,
+              analysis::DietPlanGraph::State::InvalidRange);
+}
