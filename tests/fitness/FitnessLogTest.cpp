@@ -98,17 +98,3 @@ TEST(FitnessLog, StatusTexts)
     }
     EXPECT_FALSE(workoutRowSelected(nullptr));
 }
-
-TEST(FitnessLog, ColumnsAndWidths)
-{
-    model::User user;
-    user.fitnessColumns = {4, 7, -1, 2, -1, -1, -1, -1, -1, -1};
-    EXPECT_EQ(fitnessColumns(user), (std::vector<std::int32_t>{4, 7}));
-    EXPECT_EQ(dateColumnWidth(user), 150);
-    EXPECT_EQ(fieldColumnWidth(user, 1, 40), 55);
-    user.fitnessColumnWidths[0] = 180;
-    user.fitnessColumnWidths[2] = 90; // slot 1
-    EXPECT_EQ(dateColumnWidth(user), 180);
-    EXPECT_EQ(fieldColumnWidth(user, 1, 40), 90);
-    EXPECT_EQ(fieldColumnWidth(user, 0, 40), 55);
-}

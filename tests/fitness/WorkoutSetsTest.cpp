@@ -96,28 +96,6 @@ TEST(WorkoutSets, NumberingAfterEachEdit)
     }
 }
 
-TEST(WorkoutSets, SetButtons)
-{
-    struct Case
-    {
-        std::size_t count;
-        std::optional<std::size_t> selected;
-        bool remove, up, down;
-    };
-    const Case cases[] = {{4, std::nullopt, false, false, false},
-                          {4, 0, true, false, true},
-                          {4, 2, true, true, true},
-                          {4, 3, true, true, false},
-                          {1, 0, true, false, false},
-                          {0, 0, false, false, false}};
-    for (const Case& c : cases) {
-        const SetButtons b = setButtons(c.count, c.selected);
-        EXPECT_EQ(b.remove, c.remove);
-        EXPECT_EQ(b.up, c.up);
-        EXPECT_EQ(b.down, c.down);
-    }
-}
-
 TEST(WorkoutSets, NewWorkoutOfARoutine)
 {
     model::SharedData shared = test::workoutDefinitions();

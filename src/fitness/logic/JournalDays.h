@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "model/DateText.h"
+#include "model/Journal.h"
 
 namespace velmora::model {
-struct JournalDay;
 struct User;
 struct UserJournal;
 } // namespace velmora::model
