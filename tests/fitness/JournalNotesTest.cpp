@@ -1,0 +1,56 @@
+// The journal notes page: "Previous Entries" per category and what storing a note makes.
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "fitness/logic/JournalNotes.h"
+#include "model/UserDatabase.h"
+
+using namespace velmora;
+using namespace velmora::fitness;
+
+namespace {
+
+constexpr int Personal = 0;
+constexpr int Diet = 2;
+constexpr int Fitness = 3;
+
+} // namespace
+
+TEST(JournalNotes, PreviousEntriesPerCategory)
+{
+    model::UserJournal journal;
+    journal.days.resize(3);
+    journal.days[0].date = model::CalendarDate{2026, 3, 1}.toTime();
+    journal.days[0].notes[Fitness] = "Ran 5 km";
+    journal.days[1].date = model::CalendarDate{2026, 3, 2}.toTime();
+    journal.days[1].notes[Diet] = "No sugar";
+    journal.days[1].notes[Fitness] = "Rest";
+    journal.days[2].date = model::CalendarDate{2026, 3, 3}.toTime();
+
+    EXPECT_EQ(noteDays(journal, Fitness), (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(noteDays(journal, Diet), (std::vector<std::size_t>{1}));
+    EXPECT_TRUE(noteDays(journal, Personal).empty());
+    EXPECT_TRUE(noteDays(journal, 4).empty());
+    EXPECT_EQ(noteOf(journal, {2026, 3, 1}, Fitness), "Ran 5 km");
+    EXPECT_EQ(noteOf(journal, {2026, 3, 1}, Diet), "");
+    EXPECT_EQ(noteOf(journal, {2026, 4, 1}, Diet), "");
+
+    struct Case
+    {
+        model::CalendarDate date;
+        const char* text;
+        StoreAction action;
+    };
+    const Case cases[] = {
+        {{2026, 4, 1}, "", StoreAction::Nothing}, // an empty note makes no day
+        {{2026, 4, 1}, "Felt fine", StoreAction::AppendDay},
+        {{2026, 3, 3}, "", StoreAction::UpdateDay},
+        {{2026, 3, 1}, "", StoreAction::UpdateDay}, // clears the note of that day
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(planNoteStore(journal, c.date, c.text).action, c.action);
+    }
+}
