@@ -1,0 +1,94 @@
+#include "export/ExportContext.h"
+
+#include <algorithm>
+
+#include "model/Store.h"
+#include "model/TextCodec.h"
+
+namespace velmora::exchange {
+
+ExportContext::ExportContext(const model::Store& store)
+    : m_store(store), m_nutrients(nutrientColumns(store.foods.catalogue()))
+{
+    m_units.metric = store.journal.user.isMetric();
+    m_userName = model::cp1252ToUtf8(store.currentUserName());
+    for (const model::ExerciseField& f : store.shared.fields) {
+        if (m_fieldIndex.contains(f.id))
+            continue; // first definition wins, as for every lookup
+        m_fieldIndex.emplace(f.id, static_cast<int>(m_fields.size()));
+        std::string header = model::cp1252ToUtf8(f.name);
+        if (header.empty())
+            header = "Field " + std::to_string(f.id);
+        m_fields.push_back({f.id, std::move(header)});
+    }
+    for (const model::Routine& r : store.shared.routines)
+        m_routines.try_emplace(r.id, model::cp1252ToUtf8(r.name));
+    for (const model::Exercise& e : store.shared.exercises)
+        m_exercises.try_emplace(e.id, model::cp1252ToUtf8(e.name));
+    for (const model::UserVariable& v : store.shared.variables)
+        m_variables.try_emplace(v.id, model::cp1252ToUtf8(v.name));
+}
+
+int ExportContext::fieldColumn(std::int32_t id) const
+{
+    const auto it = m_fieldIndex.find(id);
+    return it == m_fieldIndex.end() ? -1 : it->second;
+}
+
+const std::string& ExportContext::nameIn(const Names& names, std::int32_t id)
+{
+    static const std::string none;
+    const auto it = names.find(id);
+    return it == names.end() ? none : it->second;
+}
+
+void DayView::compute(const ExportContext& context, const model::JournalDay& d)
+{
+    const model::Store& store = context.store();
+    const model::NutrientCatalogue& catalogue = store.foods.catalogue();
+    const auto& columns = context.nutrients();
+    day = &d;
+    meals.clear();
+    entries.clear();
+    entryValues.clear();
+    group.clear();
+    totals.assign(columns.size(), 0.0);
+    totalGrams = 0.0;
+    energy = 0.0;
+    workoutCalories = 0;
+    hasFood = false;
+
+    for (const model::Meal& m : d.meals)
+        meals.push_back(&m);
+    std::stable_sort(meals.begin(), meals.end(),
+                     [](const model::Meal* a, const model::Meal* b) { return a->kind < b->kind; });
+    for (const model::Meal* m : meals) {
+        for (const model::FoodEntry& e : m->entries) {
+            hasFood = true;
+            EntryView view{m, &e, store.findFood(e.food), 0.0, entryValues.size()};
+            if (view.food) {
+                view.grams =
+                    model::entryValue(catalogue, *view.food, e.amount, model::nutrient::Amount);
+                for (const NutrientColumn& c : columns)
+                    entryValues.push_back(
+                        model::entryValue(catalogue, *view.food, e.amount, c.nutrient));
+            }
+            entries.push_back(view);
+        }
+    }
+    // The group in stored meal order, as the store resolves a day, so that sums add up in the
+    // same order and equal the program's own totals to the last bit.
+    for (const model::Meal& m : d.meals)
+        for (const model::FoodEntry& e : m.entries)
+            if (const model::FoodItem* food = store.findFood(e.food))
+                group.push_back(model::ResolvedEntry{food, e.amount});
+    // The day's totals by the group rule over all entries of all meals, as the program shows them.
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        totals[i] = model::groupValue(catalogue, group, columns[i].nutrient);
+    totalGrams = model::groupValue(catalogue, group, model::nutrient::Amount);
+    energy = model::groupValue(catalogue, group, model::nutrient::Energy);
+    for (const model::WorkoutEntry& w : d.workouts)
+        workoutCalories += w.calories;
+}
+
+} // namespace velmora::exchange
