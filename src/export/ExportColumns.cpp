@@ -15,8 +15,11 @@ namespace {
 std::string withUnit(std::string name, const std::string& unit)
 {
     // Names from the food database already end with their unit, e.g. "Energy (kcal)".
-    if (!unit.empty() && name.find('(') == std::string::npos)
-        name += " (" + unit + ")";
+    const std::string suffix = " (" + unit + ")";
+    const bool named = name.size() >= suffix.size() &&
+                       name.compare(name.size() - suffix.size(), suffix.size(), suffix) == 0;
+    if (!unit.empty() && !named)
+        name += suffix;
     return name;
 }
 
