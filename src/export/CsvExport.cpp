@@ -68,6 +68,13 @@ void CsvExport::writeHeaders()
     m_notes.header(std::vector<std::string>{"Date", "Category", "Text"});
 }
 
+void CsvExport::reserve(std::size_t days, std::size_t entries)
+{
+    const std::size_t width = m_context.nutrients().size() * 8;
+    m_servings.reserve(entries * (width + 100));
+    m_daily.reserve(days * (width + 40));
+}
+
 void CsvExport::addDay(const DayView& day)
 {
     const std::string date = isoDate(day.day->date);

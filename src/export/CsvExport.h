@@ -17,6 +17,9 @@ class CsvExport
 public:
     explicit CsvExport(const ExportContext& context);
 
+    // Room for the files of an export of this many days and food entries, so that building a
+    // long journal does not copy its biggest file over and over.
+    void reserve(std::size_t days, std::size_t entries);
     void addDay(const DayView& day);
     // The finished files: servings.csv, daily.csv, health.csv, variables.csv, workouts.csv,
     // notes.csv.

@@ -10,6 +10,12 @@ namespace velmora::exchange {
 ExportContext::ExportContext(const model::Store& store)
     : m_store(store), m_nutrients(nutrientColumns(store.foods.catalogue()))
 {
+    for (const NutrientColumn& c : m_nutrients) {
+        const int i = model::nutrient::isComputed(c.nutrient)
+                          ? -1
+                          : store.foods.catalogue().indexOf(c.nutrient);
+        m_positions.push_back(i < model::StoredNutrientCount ? i : -1);
+    }
     m_units.metric = store.journal.user.isMetric();
     m_userName = model::cp1252ToUtf8(store.currentUserName());
     for (const model::ExerciseField& f : store.shared.fields) {
@@ -83,8 +89,13 @@ void DayView::compute(const ExportContext& context, const model::JournalDay& d)
             if (const model::FoodItem* food = store.findFood(e.food))
                 group.push_back(model::ResolvedEntry{food, e.amount});
     // The day's totals by the group rule over all entries of all meals, as the program shows them.
+    // Stored nutrients all at once by the core's fast path, which adds the same products in the
+    // same order as the group rule does for one nutrient.
+    const auto stored = model::groupStoredTotals(group);
+    const auto& positions = context.storedPositions();
     for (std::size_t i = 0; i < columns.size(); ++i)
-        totals[i] = model::groupValue(catalogue, group, columns[i].nutrient);
+        totals[i] = positions[i] >= 0 ? stored[static_cast<std::size_t>(positions[i])]
+                                      : model::groupValue(catalogue, group, columns[i].nutrient);
     totalGrams = model::groupValue(catalogue, group, model::nutrient::Amount);
     energy = model::groupValue(catalogue, group, model::nutrient::Energy);
     for (const model::WorkoutEntry& w : d.workouts)

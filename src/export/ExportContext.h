@@ -23,6 +23,9 @@ public:
 
     const model::Store& store() const { return m_store; }
     const std::vector<NutrientColumn>& nutrients() const { return m_nutrients; }
+    // Per nutrient column, the position of its stored value in every food (the catalogue's first
+    // entry of that number), or -1 for a computed nutrient.
+    const std::vector<int>& storedPositions() const { return m_positions; }
     HealthUnits units() const { return m_units; }
     const std::string& userName() const { return m_userName; }
 
@@ -47,6 +50,7 @@ private:
 
     const model::Store& m_store;
     std::vector<NutrientColumn> m_nutrients;
+    std::vector<int> m_positions;
     HealthUnits m_units;
     std::string m_userName;
     std::vector<FieldColumn> m_fields;

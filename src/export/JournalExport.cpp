@@ -91,6 +91,15 @@ std::optional<std::vector<ExportFile>> JournalExport::build(const ExportProgress
     if (m_options.json)
         json.emplace(context, m_options);
 
+    std::size_t entries = 0;
+    for (std::size_t k : m_days)
+        for (const model::Meal& m : m_store.journal.days[k].meals)
+            entries += m.entries.size();
+    if (csv)
+        csv->reserve(m_days.size(), entries);
+    if (json)
+        json->reserve(m_days.size(), entries);
+
     ProgressTicker ticker(progress, m_days.size());
     if (!ticker.step(0)) {
         m_summary.cancelled = true;

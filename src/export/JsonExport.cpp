@@ -67,6 +67,12 @@ JsonExport::JsonExport(const ExportContext& context, const ExportOptions& option
     m_json.breakLines();
 }
 
+void JsonExport::reserve(std::size_t days, std::size_t entries)
+{
+    const std::size_t width = m_context.nutrients().size() * 8;
+    m_json.reserve(entries * (width + 120) + days * (width + 1000));
+}
+
 void JsonExport::addDay(const DayView& day)
 {
     const model::JournalDay& d = *day.day;
@@ -74,16 +80,13 @@ void JsonExport::addDay(const DayView& day)
     m_json.text("date", isoDate(d.date));
     addMeals(day);
     if (day.hasFood || !d.workouts.empty()) {
-        m_json.beginObject("totals");
-        m_json.number("Food weight (g)", day.totalGrams);
-        const auto& columns = m_context.nutrients();
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            m_json.number(columns[i].header, day.totals[i]);
-        m_json.endObject();
+        m_json.number("foodWeight", day.totalGrams);
+        m_json.beginArray("totals");
+        for (double v : day.totals)
+            m_json.number({}, v);
+        m_json.endArray();
         m_json.integer("workoutCalories", day.workoutCalories);
         m_json.number("netEnergy", day.energy - static_cast<double>(day.workoutCalories));
-    } else {
-        m_json.null("totals");
     }
     addHealth(day);
     addWorkouts(day);
@@ -138,11 +141,11 @@ void JsonExport::addMeals(const DayView& day)
             else
                 m_json.null("servings");
             if (e.food) {
-                m_json.beginObject("values");
+                m_json.beginArray("values");
                 const double* values = day.valuesOf(e);
                 for (std::size_t i = 0; i < columns.size(); ++i)
-                    m_json.number(columns[i].header, values[i]);
-                m_json.endObject();
+                    m_json.number({}, values[i]);
+                m_json.endArray();
             } else {
                 m_json.null("values");
             }

@@ -29,6 +29,7 @@ public:
     // A value already written as JSON (a number text, or "null").
     void raw(std::string_view key, std::string_view json);
 
+    void reserve(std::size_t bytes) { m_out.reserve(bytes); }
     const std::string& result() const { return m_out; }
     std::string take() { return std::move(m_out); }
 

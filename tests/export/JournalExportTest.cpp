@@ -235,10 +235,14 @@ TEST(JournalExportTest, JsonHoldsTheSameDays)
          at = json.find("\n{\"date\":", at + 1))
         ++days;
     EXPECT_EQ(days, 6u);
-    // The first day's energy total is the one daily.csv holds.
-    const std::string energy = numberText(store.value(store.journal.days[0], nutrient::Energy));
-    EXPECT_NE(json.find("\"totals\":{\"Food weight (g)\":"), std::string::npos);
-    EXPECT_NE(json.find("\"Energy (kcal)\":" + energy + ","), std::string::npos);
+    // The first day's totals, in the order of the nutrient list.
+    std::string totals = "\"totals\":[";
+    for (const NutrientColumn& c : nutrientColumns(store.foods.catalogue()))
+        totals += numberText(store.value(store.journal.days[0], c.nutrient)) + ",";
+    totals.back() = ']';
+    EXPECT_NE(json.find(totals), std::string::npos) << totals;
+    EXPECT_NE(json.find("{\"number\":208,\"name\":\"Energy (kcal)\",\"unit\":\"kcal\"}"),
+              std::string::npos);
     EXPECT_NE(json.find("\"name\":\"M\xC3\xBCsli bar, \\\"crunchy\\\"\""), std::string::npos);
     EXPECT_NE(json.find("\"Professional\":\"Met Bob, said \\\"hi\\\"\\r\\nthen left\""),
               std::string::npos);
