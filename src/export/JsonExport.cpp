@@ -178,10 +178,10 @@ void JsonExport::addHealth(const DayView& day)
     m_json.beginArray("variables");
     for (const model::VariableUse& u : h.variables) {
         m_json.beginObject();
-        m_json.text("Variable", m_context.variableName(u.variable));
-        storedOrNull(m_json, "Number", u.number);
-        m_json.text("Text", model::cp1252ToUtf8(u.text));
-        timeOrNull(m_json, "Time", u.time);
+        m_json.text("variable", m_context.variableName(u.variable));
+        storedOrNull(m_json, "number", u.number);
+        m_json.text("text", model::cp1252ToUtf8(u.text));
+        timeOrNull(m_json, "time", u.time);
         m_json.endObject();
     }
     m_json.endArray();
