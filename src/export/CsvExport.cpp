@@ -88,11 +88,18 @@ void CsvExport::addDay(const DayView& day)
 void CsvExport::addServings(const DayView& day, const std::string& date)
 {
     const std::size_t columns = m_context.nutrients().size();
+    const model::Meal* meal = nullptr;
+    std::string time, name; // of the meal, which its entries share
     for (const EntryView& e : day.entries) {
+        if (e.meal != meal) {
+            meal = e.meal;
+            time = meal->time == 0 ? std::string() : isoTime(meal->time);
+            name = mealName(*meal);
+        }
         CsvWriter& out = m_servings;
         out.text(date);
-        timeOrEmpty(out, e.meal->time);
-        out.text(mealName(*e.meal));
+        out.text(time);
+        out.text(name);
         out.integer(e.entry->food);
         const bool custom = e.entry->food >= model::FirstCustomFoodNumber;
         if (e.food) {

@@ -89,36 +89,25 @@ std::string healthHeader(HealthValue v, const HealthUnits& units)
     return {};
 }
 
+namespace {
+
+// The field of each single health value, in the order of HealthValue.
+constexpr float model::HealthEntry::*HealthFields[HealthValueCount] = {
+    &model::HealthEntry::height,     &model::HealthEntry::weight, &model::HealthEntry::systolic,
+    &model::HealthEntry::diastolic,  &model::HealthEntry::sleep,  &model::HealthEntry::pulse,
+    &model::HealthEntry::bodyFat,    &model::HealthEntry::bmi,    &model::HealthEntry::vo2Max,
+    &model::HealthEntry::temperature};
+
+} // namespace
+
 float healthValue(const model::HealthEntry& h, HealthValue v)
 {
-    return healthValue(const_cast<model::HealthEntry&>(h), v);
+    return h.*HealthFields[static_cast<std::size_t>(v)];
 }
 
 float& healthValue(model::HealthEntry& h, HealthValue v)
 {
-    switch (v) {
-    case HealthValue::Height:
-        return h.height;
-    case HealthValue::Weight:
-        return h.weight;
-    case HealthValue::Systolic:
-        return h.systolic;
-    case HealthValue::Diastolic:
-        return h.diastolic;
-    case HealthValue::Sleep:
-        return h.sleep;
-    case HealthValue::Pulse:
-        return h.pulse;
-    case HealthValue::BodyFat:
-        return h.bodyFat;
-    case HealthValue::Bmi:
-        return h.bmi;
-    case HealthValue::Vo2Max:
-        return h.vo2Max;
-    case HealthValue::Temperature:
-        break;
-    }
-    return h.temperature;
+    return h.*HealthFields[static_cast<std::size_t>(v)];
 }
 
 const std::array<MeasurementColumn, model::MeasurementCount> MeasurementColumns = {{

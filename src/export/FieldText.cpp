@@ -73,18 +73,22 @@ void appendNumber(std::string& out, double value)
             units /= 10;
             --kept;
         }
-        char digits[32];
-        char* p = digits + sizeof digits;
-        int written = 0;
-        do {
-            *--p = static_cast<char>('0' + units % 10);
-            units /= 10;
-            if (++written == kept)
-                *--p = '.';
-        } while (units != 0 || written <= kept);
+        char digits[24];
+        const auto end = std::to_chars(digits, digits + sizeof digits, units).ptr;
+        const auto length = static_cast<int>(end - digits);
         if (value < 0.0)
             out += '-';
-        out.append(p, static_cast<std::size_t>(digits + sizeof digits - p));
+        if (length <= kept) {
+            out += "0.";
+            out.append(static_cast<std::size_t>(kept - length), '0');
+            out.append(digits, end);
+        } else {
+            out.append(digits, end - kept);
+            if (kept > 0) {
+                out += '.';
+                out.append(end - kept, end);
+            }
+        }
         return;
     }
     char buf[64];
