@@ -105,11 +105,6 @@ float healthValue(const model::HealthEntry& h, HealthValue v)
     return h.*HealthFields[static_cast<std::size_t>(v)];
 }
 
-float& healthValue(model::HealthEntry& h, HealthValue v)
-{
-    return h.*HealthFields[static_cast<std::size_t>(v)];
-}
-
 const std::array<MeasurementColumn, model::MeasurementCount> MeasurementColumns = {{
     {Measurement::Neck, "Neck"},
     {Measurement::Shoulders, "Shoulders"},

@@ -65,7 +65,6 @@ inline constexpr int HealthValueCount = 10;
 std::string healthHeader(HealthValue v, const HealthUnits& units);
 // The stored field of a single health value.
 float healthValue(const model::HealthEntry& h, HealthValue v);
-float& healthValue(model::HealthEntry& h, HealthValue v);
 
 // The 14 measurements in the order of health.csv (each pair left before right) with their names
 // ("Neck", ..., "Left bicep", "Right bicep", ...).

@@ -269,6 +269,64 @@ CellValue readCell(std::string_view cell, const ValueColumn& column, Unit defaul
     return out;
 }
 
+// The columns of a weigh-in file, found by name.
+constexpr std::size_t NoColumn = static_cast<std::size_t>(-1);
+struct Columns
+{
+    std::size_t date = NoColumn;
+    std::size_t time = NoColumn; // a separate time of day, if any
+    std::vector<ValueColumn> values;
+};
+
+std::optional<Columns> findColumns(const std::vector<std::string>& header, HealthImportError& error)
+{
+    Columns c;
+    int datePreference = 0; // 3 "date", 2 a name with "date" in it, 1 "timestamp" and the like
+    for (std::size_t i = 0; i < header.size(); ++i) {
+        const HeaderName h = splitHeader(header[i]);
+        int preference = 0;
+        if (h.name == "date")
+            preference = 3;
+        else if (h.name.find("date") != std::string::npos)
+            preference = 2;
+        else if (nameIn(h.name, {"timestamp", "datetime", "time", "day", "measured at"}))
+            preference = 1;
+        if (preference > datePreference) {
+            datePreference = preference;
+            c.date = i;
+        }
+        if (h.name == "time" && c.time == NoColumn)
+            c.time = i;
+        const auto value = valueOfHeader(h);
+        if (!value)
+            continue;
+        const Unit unit = unitOf(h.unit);
+        if (!unitFits(*value, unit)) {
+            // "Fat (kg)" is a fat mass, not a share: not our column. Other units are unknown.
+            if (*value == ImportedValue::BodyFat)
+                continue;
+            error.code = HealthImportError::Code::UnknownUnit;
+            error.detail = header[i];
+            return std::nullopt;
+        }
+        const bool taken = std::any_of(c.values.begin(), c.values.end(),
+                                       [&](const ValueColumn& v) { return v.value == *value; });
+        if (!taken)
+            c.values.push_back({i, *value, unit});
+    }
+    if (c.date == NoColumn) {
+        error.code = HealthImportError::Code::NoDateColumn;
+        return std::nullopt;
+    }
+    if (c.time == c.date)
+        c.time = NoColumn;
+    if (c.values.empty()) {
+        error.code = HealthImportError::Code::NoValueColumn;
+        return std::nullopt;
+    }
+    return c;
+}
+
 float currentValue(const model::HealthEntry& h, ImportedValue v)
 {
     switch (v) {
@@ -357,55 +415,13 @@ HealthImportOutcome planHealthImport(std::string_view csvText, const model::User
         return outcome;
     }
 
-    // The columns, found by name.
     const std::vector<std::string>& header = table.records.front().fields;
-    constexpr std::size_t None = static_cast<std::size_t>(-1);
-    std::size_t dateColumn = None, timeColumn = None;
-    int datePreference = 0; // 3 "date", 2 a name with "date" in it, 1 "timestamp" and the like
-    std::vector<ValueColumn> values;
+    const std::optional<Columns> found = findColumns(header, outcome.error);
+    if (!found)
+        return outcome;
+    const std::size_t dateColumn = found->date, timeColumn = found->time;
+    const std::vector<ValueColumn>& values = found->values;
     HealthImportPlan plan;
-    for (std::size_t i = 0; i < header.size(); ++i) {
-        const HeaderName h = splitHeader(header[i]);
-        int preference = 0;
-        if (h.name == "date")
-            preference = 3;
-        else if (h.name.find("date") != std::string::npos)
-            preference = 2;
-        else if (nameIn(h.name, {"timestamp", "datetime", "time", "day", "measured at"}))
-            preference = 1;
-        if (preference > datePreference) {
-            datePreference = preference;
-            dateColumn = i;
-        }
-        if (h.name == "time" && timeColumn == None)
-            timeColumn = i;
-        const auto value = valueOfHeader(h);
-        if (!value)
-            continue;
-        const Unit unit = unitOf(h.unit);
-        if (!unitFits(*value, unit)) {
-            // "Fat (kg)" is a fat mass, not a share: not our column. Other units are unknown.
-            if (*value == ImportedValue::BodyFat)
-                continue;
-            outcome.error.code = HealthImportError::Code::UnknownUnit;
-            outcome.error.detail = header[i];
-            return outcome;
-        }
-        const bool taken = std::any_of(values.begin(), values.end(),
-                                       [&](const ValueColumn& c) { return c.value == *value; });
-        if (!taken)
-            values.push_back({i, *value, unit});
-    }
-    if (dateColumn == None) {
-        outcome.error.code = HealthImportError::Code::NoDateColumn;
-        return outcome;
-    }
-    if (timeColumn == dateColumn)
-        timeColumn = None;
-    if (values.empty()) {
-        outcome.error.code = HealthImportError::Code::NoValueColumn;
-        return outcome;
-    }
     plan.columns.push_back(std::string(trimmed(header[dateColumn])));
     const Unit userWeight = metric ? Unit::Kilograms : Unit::Pounds;
     const Unit userLength = metric ? Unit::Centimetres : Unit::Inches;
@@ -456,7 +472,7 @@ HealthImportOutcome planHealthImport(std::string_view csvText, const model::User
             continue;
         }
         int second = date->secondOfDay;
-        if (timeColumn != None && second < 0) {
+        if (timeColumn != NoColumn && second < 0) {
             // A separate time column orders several weigh-ins of a day; it is not required.
             if (const auto t = parseImportedDate("2000-01-01 " + row.fields[timeColumn], dayFirst))
                 second = t->secondOfDay;
