@@ -175,6 +175,33 @@ TEST(HealthImportTest, FilesThatCannotBeImportedSayWhy)
     }
 }
 
+TEST(HealthImportTest, OddRowsAreReportedOrIgnoredNeverMisread)
+{
+    struct Case
+    {
+        const char* text;
+        std::size_t problems;
+        std::size_t values;
+    };
+    const Case cases[] = {
+        {"Date,Weight\n", 0, 0},                               // a header alone
+        {"Date,Weight\n\"", 1, 0},                             // a quote never closed
+        {"Date,Weight\n2024-03-01,1e400\n", 1, 0},             // beyond any number
+        {"Date,Weight\n2024-03-01,-70\n", 1, 0},               // negative
+        {"Date,Weight\n2024-03-01,70 stone\n", 1, 0},          // a unit not known
+        {"Date,Weight\n2024-03-01,70 %\n", 1, 0},              // a unit of another kind
+        {"Date,Weight\n9999-12-31T23:59:59-14:00,70\n", 0, 1}, // far away, still a date
+        {"Date,Weight\n2024-03-01,70,extra,fields\n", 0, 1},   // more fields than named
+        {"Date,Weight\n,,\n2024-03-01,\n", 1, 0},              // no date, then no value
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        const HealthImportPlan plan = planOf(c.text, journalOf(true));
+        EXPECT_EQ(plan.problems.size(), c.problems);
+        EXPECT_EQ(plan.newValues.size(), c.values);
+    }
+}
+
 TEST(HealthImportTest, ValuesAreReplacedOnlyWhenAsked)
 {
     UserJournal journal = journalOf(false);
