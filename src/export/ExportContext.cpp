@@ -64,35 +64,52 @@ void DayView::compute(const ExportContext& context, const model::JournalDay& d)
     workoutCalories = 0;
     hasFood = false;
 
+    // Every food looked up once, in stored meal order: the group of the day is resolved in the
+    // order the store resolves it, so that sums add up in the same order and equal the program's
+    // own totals to the last bit.
+    m_resolved.clear();
+    m_firstOfMeal.clear();
+    for (const model::Meal& m : d.meals) {
+        m_firstOfMeal.push_back(m_resolved.size());
+        for (const model::FoodEntry& e : m.entries) {
+            const model::FoodItem* food = store.findFood(e.food);
+            m_resolved.push_back(food);
+            if (food)
+                group.push_back(model::ResolvedEntry{food, e.amount});
+        }
+    }
+
     for (const model::Meal& m : d.meals)
         meals.push_back(&m);
     std::stable_sort(meals.begin(), meals.end(),
                      [](const model::Meal* a, const model::Meal* b) { return a->kind < b->kind; });
+    const auto& positions = context.storedPositions();
     for (const model::Meal* m : meals) {
+        std::size_t k = m_firstOfMeal[static_cast<std::size_t>(m - d.meals.data())];
         for (const model::FoodEntry& e : m->entries) {
             hasFood = true;
-            EntryView view{m, &e, store.findFood(e.food), 0.0, entryValues.size()};
+            EntryView view{m, &e, m_resolved[k++], 0.0, entryValues.size()};
             if (view.food) {
                 view.grams =
                     model::entryValue(catalogue, *view.food, e.amount, model::nutrient::Amount);
-                for (const NutrientColumn& c : columns)
-                    entryValues.push_back(
-                        model::entryValue(catalogue, *view.food, e.amount, c.nutrient));
+                // The stored values of the entry by the core's stored-totals path over the entry
+                // alone (each is value x amount, as entryValue gives it), the computed ones by
+                // entryValue.
+                const model::ResolvedEntry one{view.food, e.amount};
+                const auto stored = model::groupStoredTotals(std::span(&one, 1));
+                for (std::size_t i = 0; i < columns.size(); ++i)
+                    entryValues.push_back(positions[i] >= 0
+                                              ? stored[static_cast<std::size_t>(positions[i])]
+                                              : model::entryValue(catalogue, *view.food, e.amount,
+                                                                  columns[i].nutrient));
             }
             entries.push_back(view);
         }
     }
-    // The group in stored meal order, as the store resolves a day, so that sums add up in the
-    // same order and equal the program's own totals to the last bit.
-    for (const model::Meal& m : d.meals)
-        for (const model::FoodEntry& e : m.entries)
-            if (const model::FoodItem* food = store.findFood(e.food))
-                group.push_back(model::ResolvedEntry{food, e.amount});
     // The day's totals by the group rule over all entries of all meals, as the program shows them.
     // Stored nutrients all at once by the core's fast path, which adds the same products in the
     // same order as the group rule does for one nutrient.
     const auto stored = model::groupStoredTotals(group);
-    const auto& positions = context.storedPositions();
     for (std::size_t i = 0; i < columns.size(); ++i)
         totals[i] = positions[i] >= 0 ? stored[static_cast<std::size_t>(positions[i])]
                                       : model::groupValue(catalogue, group, columns[i].nutrient);

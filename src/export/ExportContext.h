@@ -75,7 +75,7 @@ struct DayView
     std::vector<const model::Meal*> meals;   // in meal order (Breakfast first), stable
     std::vector<EntryView> entries;          // meal by meal, in the order eaten
     std::vector<double> entryValues;         // entries x nutrient columns
-    std::vector<model::ResolvedEntry> group; // the entries whose food exists
+    std::vector<model::ResolvedEntry> group; // the entries whose food exists, in stored order
     std::vector<double> totals;              // one per nutrient column
     double totalGrams = 0.0;
     double energy = 0.0; // the day's energy total in kcal
@@ -85,6 +85,10 @@ struct DayView
     // Fills the view for day with the core's entry and group values.
     void compute(const ExportContext& context, const model::JournalDay& day);
     const double* valuesOf(const EntryView& e) const { return entryValues.data() + e.firstValue; }
+
+private:
+    std::vector<const model::FoodItem*> m_resolved; // per entry in stored order; nullptr: unknown
+    std::vector<std::size_t> m_firstOfMeal;         // position of each meal's first entry there
 };
 
 } // namespace velmora::exchange

@@ -73,22 +73,31 @@ void appendNumber(std::string& out, double value)
             units /= 10;
             --kept;
         }
+        // Laid out in one buffer: sign, integer digits, point, decimals (zero-padded in front).
         char digits[24];
-        const auto end = std::to_chars(digits, digits + sizeof digits, units).ptr;
+        const char* end = std::to_chars(digits, digits + sizeof digits, units).ptr;
         const auto length = static_cast<int>(end - digits);
+        char text[48];
+        char* p = text;
         if (value < 0.0)
-            out += '-';
+            *p++ = '-';
         if (length <= kept) {
-            out += "0.";
-            out.append(static_cast<std::size_t>(kept - length), '0');
-            out.append(digits, end);
+            *p++ = '0';
+            *p++ = '.';
+            for (int i = length; i < kept; ++i)
+                *p++ = '0';
+            for (int i = 0; i < length; ++i)
+                *p++ = digits[i];
         } else {
-            out.append(digits, end - kept);
+            for (int i = 0; i < length - kept; ++i)
+                *p++ = digits[i];
             if (kept > 0) {
-                out += '.';
-                out.append(end - kept, end);
+                *p++ = '.';
+                for (int i = length - kept; i < length; ++i)
+                    *p++ = digits[i];
             }
         }
+        out.append(text, static_cast<std::size_t>(p - text));
         return;
     }
     char buf[64];
