@@ -423,6 +423,8 @@ HealthImportOutcome planHealthImport(std::string_view csvText, const model::User
     const std::vector<ValueColumn>& values = found->values;
     HealthImportPlan plan;
     plan.columns.push_back(std::string(trimmed(header[dateColumn])));
+    if (timeColumn != NoColumn)
+        plan.columns.push_back(std::string(trimmed(header[timeColumn])));
     const Unit userWeight = metric ? Unit::Kilograms : Unit::Pounds;
     const Unit userLength = metric ? Unit::Centimetres : Unit::Inches;
     const auto defaultUnit = [&](ImportedValue v) {
@@ -445,7 +447,7 @@ HealthImportOutcome planHealthImport(std::string_view csvText, const model::User
                         : c.value == ImportedValue::Waist ? userLength
                                                           : from;
         if (from != to)
-            text += model::formatText(" (%s, stored as %s)", unitText(from), unitText(to));
+            text += model::formatText(", converted from %s to %s", unitText(from), unitText(to));
         plan.columns.push_back(std::move(text));
     }
 

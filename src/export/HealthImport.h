@@ -73,7 +73,8 @@ struct HealthImportPlan
     std::size_t unchanged = 0;              // values the journal already holds
     std::size_t rowsRead = 0;               // data rows read whole
     std::vector<RowProblem> problems;       // rows skipped, in file order
-    // The recognised columns, e.g. "Date", "Weight (kg, stored as lb)", for the preview.
+    // The recognised columns, e.g. "Date", "Weight (kg), converted from kg to lb", for the
+    // preview.
     std::vector<std::string> columns;
 
     bool hasChanges(bool replace) const
