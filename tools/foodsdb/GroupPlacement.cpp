@@ -18,7 +18,7 @@ struct NameException
 // Foods whose name the learned rules place wrongly or not at all, each checked by hand against
 // the USDA group of the food. Matched against the start of the name, exactly.
 constexpr NameException Exceptions[] = {
-    // The commodity beef foods share their start with poultry commodities.
+    // Most foods named "USDA Commodity, ..." are poultry; these are beef.
     {"USDA Commodity, beef", 1300},
     // Soups, sauces and gravies: the one dip among the soups.
     {"Dip, cheese with chili peppers", 600},
