@@ -146,10 +146,15 @@ Result<AssembledDatabase> assembleDatabase(SourceData data, const std::string& r
                                  "the food " + std::to_string(f.number) + " occurs twice"};
     }
 
-    // Groups come from the data, else from the food's original number.
+    // Groups come from the data, else from the food's original number; data that carries no
+    // groups at all (the packaged archive) has the rest placed by the words of their names.
+    const bool carriesGroups = std::any_of(data.foods.begin(), data.foods.end(),
+                                           [](const SourceFood& f) { return f.group != NoGroup; });
     for (SourceFood& f : data.foods)
         if (f.group == NoGroup)
             f.group = groupFromFoodNumber(f.number);
+    if (!carriesGroups)
+        out.placement = placeByName(data.foods);
 
     auto moved = renumberFoods(data.foods);
     if (!moved)

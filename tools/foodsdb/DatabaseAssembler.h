@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "GroupPlacement.h"
 #include "SourceData.h"
 #include "model/FoodDatabase.h"
 #include "model/Result.h"
@@ -34,11 +35,14 @@ struct AssembledDatabase
     model::FoodDatabase database;
     std::vector<SourceNutrient> droppedNutrients;
     std::vector<std::pair<int, int>> renumbered;
+    PlacementCounts placement; // foods placed by name (data that carries no groups)
 };
 
 // The whole foods.db content from the data of one release: catalogue, foods ascending by number
 // with 78 values each (0 where the data has none), the groups that have foods plus the group that
-// names the release, and the intake table.
+// names the release, and the intake table. When no food of the data carries a group, each food
+// takes the group of its number's first two digits, and the foods those do not place are placed
+// by name (placeByName).
 model::Result<AssembledDatabase> assembleDatabase(SourceData data, const std::string& release);
 
 } // namespace velmora::foodsdb

@@ -7,6 +7,7 @@
 #include "DatabaseAssembler.h"
 #include "PackagedReader.h"
 #include "SrAsciiReader.h"
+#include "UsdaGroups.h"
 #include "model/SafeFile.h"
 
 namespace velmora::foodsdb {
@@ -147,6 +148,13 @@ int runFoodsDbTool(const std::vector<std::string>& args, std::ostream& out, std:
         err << "Left out (more than 78 nutrients): " << n.number << " " << n.name << "\n";
     for (const auto& [from, to] : assembled.value().renumbered)
         err << "Food " << from << " is numbered " << to << "\n";
+
+    if (const PlacementCounts& p = assembled.value().placement;
+        p.byException + p.byLeadingParts + p.byLeadingWord + p.left > 0)
+        out << "Foods without a group placed by name: " << p.byLeadingParts
+            << " by the leading parts of the name, " << p.byLeadingWord << " by its first word, "
+            << p.byException << " by the table of exceptions; " << p.left << " left in \""
+            << OtherGroupName << "\"\n";
 
     err << "Writing " << *o.output << "\n";
     const std::vector<std::uint8_t> bytes = db.serialize();
