@@ -57,6 +57,8 @@ TEST(FileDates, DaysThatTheFilesCannotHoldAreRefusedInEveryTimeZone)
         {"UTC0", {1970, 1, 1}, {2106, 2, 6}, {2038, 1, 18}},
         // Nine hours ahead: 1970-01-01 began in 1969 as UTC counts.
         {"JST-9", {1970, 1, 2}, {2106, 2, 6}, {2038, 1, 18}},
+#if !defined(_WIN32)
+        // Zone names and the POSIX forms of offsets and daylight-saving rules.
         {"Asia/Tokyo", {1970, 1, 2}, {2106, 2, 6}, {2038, 1, 18}},
         // Five hours behind: 2038-01-18 ends after the handheld files' last second.
         {"EST5EDT,M3.2.0,M11.1.0", {1970, 1, 1}, {2106, 2, 6}, {2038, 1, 17}},
@@ -64,6 +66,7 @@ TEST(FileDates, DaysThatTheFilesCannotHoldAreRefusedInEveryTimeZone)
         {"<+14>-14", {1970, 1, 2}, {2106, 2, 6}, {2038, 1, 18}},
         // Daylight saving in the southern summer, at the turn of the year.
         {"NZST-12NZDT,M9.5.0,M4.1.0/3", {1970, 1, 2}, {2106, 2, 6}, {2038, 1, 18}},
+#endif
     };
     const auto dayBefore = [](CalendarDate d) {
         const TimeT midnight = d.toTime();
