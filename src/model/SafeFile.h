@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "model/FileSystem.h"
 #include "model/Result.h"
 
 namespace velmora::model {
@@ -20,14 +21,26 @@ enum class KeepBackup
     Yes
 };
 
+// Permission bits of a file that a save creates where none was: readable and writable by its
+// owner only, since the files hold health data.
+inline constexpr unsigned NewFileMode = 0600;
+
 // Replaces a file without ever destroying the old one before the new one is complete: writes a
-// temporary file in the same folder, flushes it to the disk, then renames it over the target. With
-// KeepBackup::Yes the file being replaced is first linked (or copied) to "<file>.bak", replacing
-// the previous backup in one rename; a backup that cannot be made does not stop the save. On any
-// failure the temporary file is removed, the old file is left as it was and CannotWrite is
-// returned with the operating system's error text.
+// temporary file beside the file, syncs it to the disk, renames it over the file and syncs the
+// folder. The new file keeps the permission bits (and, where the system allows, the owner and
+// group) of the file it replaces; a file that did not exist is created with NewFileMode. When path
+// is a symbolic link the save happens at the file the link finally names, beside that file, and
+// the link stays a link.
+// With KeepBackup::Yes the file being replaced is first copied to "<path>.bak" (beside path as
+// given, with the old file's permissions), replacing the previous backup in one rename; the backup
+// is always a real copy, never a link. A backup that cannot be made does not stop the save: the
+// previous backup then stays as it was.
+// On any failure the temporary files are removed, the old file is left as it was (unless only the
+// final folder sync failed, when the new content is in place but may not have reached the disk)
+// and CannotWrite is returned with the operating system's error text. Every file-system call goes
+// through files, which tests replace to make single calls fail.
 Status writeFileAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes,
-                           KeepBackup keep = KeepBackup::No);
+                           KeepBackup keep = KeepBackup::No, FileSystem& files = realFileSystem());
 
 // "<file>.bak" beside the file.
 std::filesystem::path backupPathFor(const std::filesystem::path& path);

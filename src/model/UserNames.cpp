@@ -4,6 +4,8 @@
 #include <array>
 #include <cctype>
 
+#include "model/TextCodec.h"
+
 namespace velmora::model {
 
 namespace {
@@ -40,6 +42,16 @@ bool isReserved(std::string_view name)
 
 } // namespace
 
+std::size_t userFileNameLength(std::string_view storedName)
+{
+#if defined(_WIN32)
+    // Every Windows-1252 character is one UTF-16 unit.
+    return storedName.size() + 3;
+#else
+    return cp1252ToUtf8(storedName).size() + 3;
+#endif
+}
+
 NameProblem checkUserName(std::string_view name)
 {
     if (std::all_of(name.begin(), name.end(), isBlank))
@@ -55,9 +67,19 @@ NameProblem checkUserName(std::string_view name)
         return NameProblem::ReservedName;
     if (isBlank(name.front()) || isBlank(name.back()) || name.front() == '.' || name.back() == '.')
         return NameProblem::LeadingOrTrailing;
-    if (name.size() + 3 > 200)
+    if (userFileNameLength(name) > MaxUserFileNameLength)
         return NameProblem::TooLong;
     return NameProblem::None;
+}
+
+NameProblem checkTypedUserName(std::string_view utf8)
+{
+    // The conversion turns what it cannot store into '?', so a text that does not come back
+    // unchanged held such a character (or was not UTF-8 at all).
+    const std::string stored = utf8ToCp1252(utf8);
+    if (cp1252ToUtf8(stored) != utf8)
+        return NameProblem::NotStorable;
+    return checkUserName(stored);
 }
 
 std::string nameProblemText(NameProblem p)
@@ -68,13 +90,17 @@ std::string nameProblemText(NameProblem p)
     case NameProblem::Empty:
         return "The name is empty.";
     case NameProblem::TooLong:
-        return "The name is too long.";
+        return "The name is too long to be a file name on this computer.  Letters other than "
+               "A to Z take more room in a file name than on the screen; use a shorter name.";
     case NameProblem::BadCharacter:
         return "The name may not contain control characters or any of < > : \" / \\ | ? *";
     case NameProblem::ReservedName:
         return "The name is reserved by the operating system.";
     case NameProblem::LeadingOrTrailing:
         return "The name may not begin or end with a blank or a dot.";
+    case NameProblem::NotStorable:
+        return "The name contains letters or signs that Velmora cannot store.  Use the letters of "
+               "Western European languages, digits and common punctuation.";
     }
     return {};
 }

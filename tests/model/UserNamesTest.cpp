@@ -1,0 +1,108 @@
+// Names as typed are checked as the file names they become: their length in the platform's
+// file-name encoding and the characters that the stored text can hold.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "model/TextCodec.h"
+#include "model/UserNames.h"
+#include "support/TempDir.h"
+
+using namespace velmora::model;
+using namespace velmora::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string repeated(const std::string& s, int n)
+{
+    std::string out;
+    for (int i = 0; i < n; ++i)
+        out += s;
+    return out;
+}
+
+// Creates a file whose name is given in UTF-8; false when the file system refuses the name.
+bool canCreate(const fs::path& dir, const std::string& utf8Leaf)
+{
+    const fs::path p = dir / fs::path(std::u8string(utf8Leaf.begin(), utf8Leaf.end()));
+    std::ofstream out(p);
+    return out.good();
+}
+
+} // namespace
+
+TEST(UserNameFiles, TypedNamesAreCheckedAsTheFileNamesTheyBecome)
+{
+    const std::string euro = "\u20AC"; // one byte stored, three in a UTF-8 file name
+    struct Case
+    {
+        std::string typed;
+        NameProblem problem;
+    };
+    const Case cases[] = {
+        {"Anna", NameProblem::None},
+        {"Zo\u00EB", NameProblem::None},
+        {euro + "uro", NameProblem::None},
+        {std::string(197, 'a'), NameProblem::None},
+        {std::string(198, 'a'), NameProblem::TooLong},
+        {std::string(300, 'a'), NameProblem::TooLong},
+#if !defined(_WIN32)
+        // 65 x 3 + 3 = 198 bytes; 66 x 3 + 3 = 201 bytes as a file name.
+        {repeated(euro, 65), NameProblem::None},
+        {repeated(euro, 66), NameProblem::TooLong},
+        {repeated(euro, 100), NameProblem::TooLong},
+        {repeated("\u00E9", 98), NameProblem::None},
+        {repeated("\u00E9", 99), NameProblem::TooLong},
+#endif
+        {"\u03A9\u03BC\u03AD\u03B3\u03B1", NameProblem::NotStorable}, // Greek
+        {"\u0418\u0432\u0430\u043D", NameProblem::NotStorable},       // Cyrillic
+        {"Anna \U0001F600", NameProblem::NotStorable},
+        {"Anna\xFF", NameProblem::NotStorable}, // not UTF-8
+        {"\u03A9/", NameProblem::NotStorable},
+        {"what?", NameProblem::BadCharacter},
+        {"a/b", NameProblem::BadCharacter},
+        {"nul", NameProblem::ReservedName},
+        {" Anna", NameProblem::LeadingOrTrailing},
+        {"", NameProblem::Empty},
+    };
+    TempDir dir;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
+        EXPECT_EQ(checkTypedUserName(c.typed), c.problem);
+        if (c.problem != NameProblem::None)
+            continue;
+        // An accepted name names real files: its own, its backup's temporary file and a dated
+        // copy beside it.
+        EXPECT_TRUE(canCreate(dir.path(), c.typed + ".db"));
+        EXPECT_TRUE(canCreate(dir.path(), "." + c.typed + ".db.bak.tmp999999"));
+        EXPECT_TRUE(canCreate(dir.path(), c.typed + ".db.conflict-20260101-120000-99"));
+    }
+#if !defined(_WIN32)
+    // The name that could never be saved is indeed no file name here.
+    EXPECT_FALSE(canCreate(dir.path(), repeated(euro, 100) + ".db"));
+#endif
+    // The stored form of a typed name is checked alike.
+    EXPECT_EQ(checkUserName(utf8ToCp1252(repeated(euro, 100))), NameProblem::TooLong);
+}
+
+TEST(UserNameFiles, EachProblemHasItsOwnMessage)
+{
+    const NameProblem problems[] = {
+        NameProblem::Empty,        NameProblem::TooLong,           NameProblem::BadCharacter,
+        NameProblem::ReservedName, NameProblem::LeadingOrTrailing, NameProblem::NotStorable};
+    std::set<std::string> texts;
+    for (NameProblem p : problems) {
+        const std::string text = nameProblemText(p);
+        EXPECT_FALSE(text.empty());
+        texts.insert(text);
+        // Only the message about forbidden characters lists them.
+        if (p != NameProblem::BadCharacter) {
+            EXPECT_EQ(text.find("< >"), std::string::npos) << text;
+        }
+    }
+    EXPECT_EQ(texts.size(), std::size(problems));
+}
