@@ -23,24 +23,30 @@ model::TimeT oneInTheMorning(model::TimeT t)
 std::vector<std::ptrdiff_t> matchDays(const std::vector<model::JournalDay>& desktop,
                                       const std::vector<model::TimeT>& handheld)
 {
+    std::vector<bool> taken(desktop.size(), false);
+    std::vector<std::ptrdiff_t> match(handheld.size(), -1);
+    const auto take = [&](std::size_t k, auto&& same) {
+        for (std::size_t i = 0; i < desktop.size(); ++i) {
+            if (!taken[i] && same(i)) {
+                taken[i] = true;
+                match[k] = static_cast<std::ptrdiff_t>(i);
+                return;
+            }
+        }
+    };
+    // Days that went to the handheld and came back unchanged find their own day first, so that
+    // several days of one date keep their order.
+    for (std::size_t k = 0; k < handheld.size(); ++k)
+        take(k, [&](std::size_t i) { return desktop[i].date == handheld[k]; });
     std::vector<model::CalendarDate> dates;
     dates.reserve(desktop.size());
     for (const model::JournalDay& d : desktop)
         dates.push_back(model::CalendarDate::fromTime(d.date));
-    std::vector<bool> taken(desktop.size(), false);
-    std::vector<std::ptrdiff_t> match;
-    match.reserve(handheld.size());
-    for (model::TimeT t : handheld) {
-        const model::CalendarDate date = model::CalendarDate::fromTime(t);
-        std::ptrdiff_t found = -1;
-        for (std::size_t i = 0; i < dates.size(); ++i) {
-            if (!taken[i] && dates[i] == date) {
-                taken[i] = true;
-                found = static_cast<std::ptrdiff_t>(i);
-                break;
-            }
-        }
-        match.push_back(found);
+    for (std::size_t k = 0; k < handheld.size(); ++k) {
+        if (match[k] >= 0)
+            continue;
+        const model::CalendarDate date = model::CalendarDate::fromTime(handheld[k]);
+        take(k, [&](std::size_t i) { return dates[i] == date; });
     }
     return match;
 }

@@ -18,8 +18,9 @@ inline constexpr std::size_t FitnessNote = 3; // the "Fitness" note travels to t
 // time of every day that an import creates.
 model::TimeT oneInTheMorning(model::TimeT t);
 
-// For each date of handheld, the position of the desktop day it replaces: the first desktop day
-// of the same local calendar date not taken by an earlier handheld day; -1 when there is none.
+// For each date of handheld, the position of the desktop day it replaces, each desktop day taken
+// at most once: the first free desktop day of exactly that time, else the first free one of the
+// same local calendar date; -1 when there is none.
 std::vector<std::ptrdiff_t> matchDays(const std::vector<model::JournalDay>& desktop,
                                       const std::vector<model::TimeT>& handheld);
 
