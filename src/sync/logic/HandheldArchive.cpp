@@ -1,0 +1,238 @@
+#include "sync/logic/HandheldArchive.h"
+
+#include <limits>
+
+namespace velmora::sync {
+
+using model::ArchiveReader;
+using model::ArchiveWriter;
+
+namespace {
+
+constexpr std::size_t EntrySize = 4 + 4;
+constexpr std::size_t MinVariableUseSize = 4 + 1 + 4 + 4;
+constexpr std::size_t MinRecordSize = 4 + 4 + 4 + 4;
+constexpr std::size_t MinValueSize = 4 + 1;
+constexpr std::size_t MinFieldSize = 4 + 1 + 4;
+constexpr std::size_t MinExerciseSize = 4 + 1 + 4;
+constexpr std::size_t MinRoutineSize = 4 + 4 + 1 + 4;
+constexpr std::size_t MinVariableSize = 4 + 1 + 4 + 1 + 4 + 3 * 4;
+
+void readIds(ArchiveReader& in, std::vector<std::int32_t>& ids)
+{
+    ids.resize(in.count(4));
+    for (std::int32_t& id : ids)
+        id = in.i32();
+}
+
+void writeIds(ArchiveWriter& out, const std::vector<std::int32_t>& ids)
+{
+    out.count(ids.size());
+    for (std::int32_t id : ids)
+        out.i32(id);
+}
+
+} // namespace
+
+model::TimeT readSignedTime(ArchiveReader& in)
+{
+    return static_cast<model::TimeT>(in.i32());
+}
+
+void writeSignedTime(ArchiveWriter& out, model::TimeT t)
+{
+    out.i32(static_cast<std::int32_t>(t));
+}
+
+bool fitsSignedTime(model::TimeT t)
+{
+    return t >= std::numeric_limits<std::int32_t>::min() &&
+           t <= std::numeric_limits<std::int32_t>::max();
+}
+
+void readDayValues(ArchiveReader& in, model::HealthEntry& h, bool withMeasurements)
+{
+    h.wakeTime = readSignedTime(in);
+    h.height = in.f32();
+    h.weight = in.f32();
+    h.systolic = in.f32();
+    h.diastolic = in.f32();
+    h.sleep = in.f32();
+    h.pulse = in.f32();
+    h.bodyFat = in.f32();
+    h.bmi = in.f32();
+    h.temperature = in.f32(); // temperature comes before VO2 max, as in the user database
+    h.vo2Max = in.f32();
+    h.mood = in.i8();
+    h.measurements.fill(0.0f);
+    if (withMeasurements)
+        for (float& m : h.measurements)
+            m = in.f32();
+    h.variables.resize(in.count(MinVariableUseSize));
+    for (model::VariableUse& u : h.variables) {
+        u.variable = in.i32();
+        u.text = in.text();
+        u.number = in.f32();
+        u.time = readSignedTime(in);
+    }
+}
+
+void writeDayValues(ArchiveWriter& out, const model::HealthEntry& h)
+{
+    writeSignedTime(out, h.wakeTime);
+    for (float v : {h.height, h.weight, h.systolic, h.diastolic, h.sleep, h.pulse, h.bodyFat, h.bmi,
+                    h.temperature, h.vo2Max})
+        out.f32(v);
+    out.i8(h.mood);
+    for (float m : h.measurements)
+        out.f32(m);
+    out.count(h.variables.size());
+    for (const model::VariableUse& u : h.variables) {
+        out.i32(u.variable);
+        out.text(u.text);
+        out.f32(u.number);
+        writeSignedTime(out, u.time);
+    }
+}
+
+void readMeals(ArchiveReader& in, std::vector<model::Meal>& meals)
+{
+    meals.resize(in.count(MinMealSize));
+    for (model::Meal& m : meals) {
+        m.time = readSignedTime(in);
+        m.kind = in.u8();
+        m.entries.resize(in.count(EntrySize));
+        for (model::FoodEntry& e : m.entries) {
+            e.food = in.i32();
+            e.amount = in.f32();
+        }
+    }
+}
+
+void writeMeals(ArchiveWriter& out, const std::vector<model::Meal>& meals)
+{
+    out.count(meals.size());
+    for (const model::Meal& m : meals) {
+        writeSignedTime(out, m.time);
+        out.u8(m.kind);
+        out.count(m.entries.size());
+        for (const model::FoodEntry& e : m.entries) {
+            out.i32(e.food);
+            out.f32(e.amount);
+        }
+    }
+}
+
+void readWorkouts(ArchiveReader& in, std::vector<model::WorkoutEntry>& workouts)
+{
+    workouts.resize(in.count(MinWorkoutSize));
+    for (model::WorkoutEntry& w : workouts) {
+        w.routine = in.i32();
+        w.calories = in.i32();
+        w.time = readSignedTime(in);
+        w.notes = in.text();
+        w.exercises.resize(in.count(MinRecordSize));
+        for (model::ExerciseRecord& r : w.exercises) {
+            r.exercise = in.i32();
+            r.setNumber = in.i32();
+            r.time = readSignedTime(in);
+            r.values.resize(in.count(MinValueSize));
+            for (model::ExerciseValue& v : r.values) {
+                v.field = in.i32();
+                v.value = in.text();
+            }
+        }
+    }
+}
+
+void writeWorkouts(ArchiveWriter& out, const std::vector<model::WorkoutEntry>& workouts)
+{
+    out.count(workouts.size());
+    for (const model::WorkoutEntry& w : workouts) {
+        out.i32(w.routine);
+        out.i32(w.calories);
+        writeSignedTime(out, w.time);
+        out.text(w.notes);
+        out.count(w.exercises.size());
+        for (const model::ExerciseRecord& r : w.exercises) {
+            out.i32(r.exercise);
+            out.i32(r.setNumber);
+            writeSignedTime(out, r.time);
+            out.count(r.values.size());
+            for (const model::ExerciseValue& v : r.values) {
+                out.i32(v.field);
+                out.text(v.value);
+            }
+        }
+    }
+}
+
+void readDefinitions(ArchiveReader& in, DefinitionLists& d)
+{
+    d.fields.resize(in.count(MinFieldSize));
+    for (model::ExerciseField& f : d.fields) {
+        f.id = in.i32();
+        f.name = in.text();
+        f.kind = in.i32();
+    }
+    d.exercises.resize(in.count(MinExerciseSize));
+    for (model::Exercise& e : d.exercises) {
+        e.id = in.i32();
+        e.name = in.text();
+        readIds(in, e.fields);
+    }
+    d.routines.resize(in.count(MinRoutineSize));
+    for (model::Routine& r : d.routines) {
+        r.id = in.i32();
+        r.calories = in.i32();
+        r.name = in.text();
+        readIds(in, r.exercises);
+    }
+    d.variables.resize(in.count(MinVariableSize));
+    for (model::UserVariable& v : d.variables) {
+        v.id = in.i32();
+        v.name = in.text();
+        v.number = in.f32();
+        v.text = in.text();
+        v.time = in.time(); // a definition's time is stored as the user database stores it
+        v.askNumber = in.i32();
+        v.askText = in.i32();
+        v.askTime = in.i32();
+    }
+}
+
+void writeDefinitions(ArchiveWriter& out, const DefinitionLists& d)
+{
+    out.count(d.fields.size());
+    for (const model::ExerciseField& f : d.fields) {
+        out.i32(f.id);
+        out.text(f.name);
+        out.i32(f.kind);
+    }
+    out.count(d.exercises.size());
+    for (const model::Exercise& e : d.exercises) {
+        out.i32(e.id);
+        out.text(e.name);
+        writeIds(out, e.fields);
+    }
+    out.count(d.routines.size());
+    for (const model::Routine& r : d.routines) {
+        out.i32(r.id);
+        out.i32(r.calories);
+        out.text(r.name);
+        writeIds(out, r.exercises);
+    }
+    out.count(d.variables.size());
+    for (const model::UserVariable& v : d.variables) {
+        out.i32(v.id);
+        out.text(v.name);
+        out.f32(v.number);
+        out.text(v.text);
+        out.time(v.time);
+        out.i32(v.askNumber);
+        out.i32(v.askText);
+        out.i32(v.askTime);
+    }
+}
+
+} // namespace velmora::sync

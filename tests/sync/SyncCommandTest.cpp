@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <sstream>
+
+#include "SyncSamples.h"
+#include "TransferBytes.h"
+#include "model/FoodDatabase.h"
+#include "support/TempDir.h"
+#include "sync/logic/SyncCommand.h"
+#include "sync/logic/SyncOperation.h"
+
+using namespace velmora;
+using namespace velmora::sync;
+namespace fs = std::filesystem;
+
+namespace {
+
+// A data folder as the program leaves it (foods.db, velmora.db, Dana.db) with a handheld folder
+// holding the diet and workout files of the handheld users "Ann" (and "Bob").
+struct DataFolder
+{
+    test::TempDir dir;
+
+    DataFolder()
+    {
+        const model::NutrientCatalogue catalogue = test::syncCatalogue();
+        model::FoodDatabase foods;
+        foods.setCatalogue(catalogue.entries());
+        test::writeBytes(dir / "foods.db", foods.serialize());
+        const test::Desktop d = test::sampleDesktop(catalogue);
+        test::writeBytes(dir / "velmora.db", d.shared.serialize());
+        test::writeBytes(dir / "Dana.db", d.journal.serialize());
+        const fs::path folder = handheldFolder(dir.path());
+        fs::create_directory(folder);
+        test::writeBytes(folder / "tandry.db", test::handTandryShared(376));
+        test::writeBytes(folder / "Ann.db", test::handTandryUser(376));
+        test::writeBytes(folder / "korvel.dwb", test::handKorvelShared(302));
+        test::writeBytes(folder / "Ann.dwb", test::handKorvelUser(302));
+    }
+
+    std::map<fs::path, std::vector<std::uint8_t>> snapshot() const
+    {
+        std::map<fs::path, std::vector<std::uint8_t>> files;
+        for (const auto& e : fs::recursive_directory_iterator(dir.path()))
+            if (e.is_regular_file())
+                files[fs::relative(e.path(), dir.path())] = test::readBytes(e.path());
+        return files;
+    }
+};
+
+} // namespace
+
+TEST(SyncCommand, ExitCodesAndWhatEachRunChanges)
+{
+    struct Case
+    {
+        const char* name;
+        std::vector<std::string> args; // after the data folder's options
+        std::uint32_t tandryVersion;
+        int exitCode;
+        std::vector<std::string> changed; // files (relative) that differ afterwards
+        bool copyKept;
+        std::string errorText;
+    };
+    const std::string version = handheldVersionText();
+    const Case cases[] = {
+        {"import asks and changes nothing", {"tandry", "import"}, 376, 1, {}, false, ""},
+        {"import of another version", {"tandry", "import", "--yes"}, 375, 3, {}, false, version},
+        {"import of a later version", {"tandry", "import", "--yes"}, 377, 3, {}, false, version},
+        {"import confirmed",
+         {"tandry", "import", "--yes"},
+         376,
+         0,
+         {"velmora.db", "Dana.db", "velmora.db.bak", "Dana.db.bak"},
+         true,
+         ""},
+        {"workout import confirmed",
+         {"korvel", "import", "--yes"},
+         376,
+         0,
+         {"velmora.db", "Dana.db", "velmora.db.bak", "Dana.db.bak"},
+         true,
+         ""},
+        {"export confirmed",
+         {"tandry", "export", "--yes"},
+         376,
+         0,
+         {"TandryFiles/tandry.db", "TandryFiles/Ann.db"},
+         false,
+         ""},
+        {"workout export confirmed",
+         {"korvel", "export", "--yes"},
+         376,
+         0,
+         {"TandryFiles/korvel.dwb", "TandryFiles/Ann.dwb"},
+         false,
+         ""},
+        {"unknown handheld", {"palm", "import"}, 376, 2, {}, false, ""},
+        {"unknown desktop user",
+         {"tandry", "import", "--user", "Zed"},
+         376,
+         1,
+         {},
+         false,
+         "There is no desktop user named \"Zed\".\n"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        DataFolder f;
+        auto shared = test::handTandryShared(c.tandryVersion);
+        test::writeBytes(handheldFolder(f.dir.path()) / "tandry.db", shared);
+        const auto before = f.snapshot();
+
+        std::vector<std::string> args = c.args;
+        args.insert(args.end(), {"--data-dir", f.dir.path().string(), "--handheld-user", "0"});
+        std::ostringstream out, err;
+        EXPECT_EQ(runSyncCommand(args, out, err, 1777644202), c.exitCode) << err.str();
+        if (!c.errorText.empty()) {
+            EXPECT_EQ(err.str(), c.errorText + (c.errorText.back() == '\n' ? "" : "\n"));
+        }
+
+        auto after = f.snapshot();
+        bool copyFound = false;
+        for (auto it = after.begin(); it != after.end();) {
+            if (it->first.begin()->string().starts_with("Before sync ")) {
+                copyFound = true;
+                it = after.erase(it);
+            } else {
+                ++it;
+            }
+        }
+        EXPECT_EQ(copyFound, c.copyKept);
+        std::vector<std::string> changed;
+        for (const auto& [path, bytes] : after)
+            if (!before.contains(path) || before.at(path) != bytes)
+                changed.push_back(path.generic_string());
+        std::sort(changed.begin(), changed.end());
+        std::vector<std::string> expected = c.changed;
+        std::sort(expected.begin(), expected.end());
+        EXPECT_EQ(changed, expected);
+    }
+}
