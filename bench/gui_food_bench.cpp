@@ -13,8 +13,8 @@
 #include <filesystem>
 #include <memory>
 
-#include "app/AppContext.h"
-#include "controls/PieChart.h"
+#include "ui/AppContext.h"
+#include "charts/PieChart.h"
 #include "food/FoodChooser.h"
 #include "food/MacroPanel.h"
 #include "food/logic/FoodSearch.h"
@@ -26,12 +26,12 @@ using namespace velmora;
 
 namespace {
 
-class BenchContext : public app::AppContext
+class BenchContext : public ui::AppContext
 {
 public:
     model::Store& store() override { return m_store; }
     void refreshAllPages() override {}
-    void markModified() override {}
+    void notifyChanged(ui::Change) override {}
     void showStatus(const QString&) override {}
     QWidget* mainWindow() override { return nullptr; }
     model::Store m_store;

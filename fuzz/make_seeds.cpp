@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/Defaults.h"
+#include "model/FileKinds.h"
 #include "model/FoodDatabase.h"
 #include "model/UserDatabase.h"
 
@@ -20,14 +21,19 @@ void put(const fs::path& file, const std::vector<std::uint8_t>& bytes)
 {
     fs::create_directories(file.parent_path());
     std::ofstream out(file, std::ios::binary);
-    out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    out.write(reinterpret_cast<const char*>(bytes.data()),
+              static_cast<std::streamsize>(bytes.size()));
 }
 
 FoodDatabase smallFoods()
 {
     FoodDatabase db;
-    db.setCatalogue({{203, "g", "Protein (g)"}, {204, "g", "Fat (g)"}, {205, "g", "Carbohydrate (g)"},
-                     {208, "kcal", "Energy (kcal)"}, {291, "g", "Fiber (g)"}, {505, "g", "Lysine (g)"}});
+    db.setCatalogue({{203, "g", "Protein (g)"},
+                     {204, "g", "Fat (g)"},
+                     {205, "g", "Carbohydrate (g)"},
+                     {208, "kcal", "Energy (kcal)"},
+                     {291, "g", "Fiber (g)"},
+                     {505, "g", "Lysine (g)"}});
     FoodItem egg;
     egg.number = 1123;
     egg.group = 100;
@@ -93,8 +99,11 @@ int main(int argc, char** argv)
         return 2;
     }
     const fs::path out = argv[1];
+    // Every kind of the table gets its empty record; the kinds below get richer samples too.
+    for (const FileKindInfo& kind : fileKinds())
+        put(out / std::string(kind.name) / "empty.db", kind.empty());
+
     put(out / "foods" / "small.db", smallFoods().serialize());
-    put(out / "foods" / "empty.db", FoodDatabase().serialize());
 
     SharedData shared;
     createExampleUser(shared);
@@ -107,9 +116,7 @@ int main(int argc, char** argv)
     shared.routines.push_back({1, 250, "Morning", {1, 2, 3}});
     shared.variables.push_back({1, "Vitamin c", 500.0f, "mg", 1700000000, 0, 1, 1});
     put(out / "shared" / "example.db", shared.serialize());
-    put(out / "shared" / "empty.db", SharedData().serialize());
 
     put(out / "user" / "small.db", smallJournal().serialize());
-    put(out / "user" / "empty.db", UserJournal().serialize());
     return 0;
 }

@@ -11,7 +11,8 @@ cmake --build --preset fuzz
 seeds="build-fuzz/seeds"
 build-fuzz/bin/fuzz_make_seeds "$seeds"
 status=0
-for kind in foods shared user; do
+# One target per row of the file-kinds table; the build lists them.
+for kind in $(tr ';' ' ' < build-fuzz/fuzz-kinds.txt); do
     corpus="build-fuzz/corpus/$kind"
     crashes="build-fuzz/crashes/$kind"
     mkdir -p "$corpus" "$crashes"

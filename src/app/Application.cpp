@@ -16,12 +16,12 @@
 #include <QPalette>
 #include <QStandardPaths>
 #include <QStyleFactory>
-#include <QTemporaryFile>
 #include <QTimer>
 
 #include "app/InitialSetupDialog.h"
 #include "app/MainWindow.h"
 #include "app/UserSession.h"
+#include "model/DataLocations.h"
 #include "update/Messages.h"
 #include "update/TipDialog.h"
 
@@ -35,17 +35,14 @@ namespace velmora::app {
 
 namespace {
 
-bool folderWritable(const QString& dir)
-{
-    if (!QDir().mkpath(dir))
-        return false;
-    QTemporaryFile probe(QDir(dir).filePath(QStringLiteral(".velmora-XXXXXX")));
-    return probe.open();
-}
-
 std::filesystem::path toPath(const QString& s)
 {
     return std::filesystem::path(s.toStdU16String());
+}
+
+QString fromPath(const std::filesystem::path& p)
+{
+    return p.empty() ? QString() : QString::fromStdU16String(p.u16string());
 }
 
 } // namespace
@@ -86,38 +83,24 @@ Application::Options Application::parseArguments(const QStringList& arguments)
     return options;
 }
 
-Application::Paths Application::resolvePaths(const QString& dataDirOption, const QString& foodsOption)
+Application::Paths Application::resolvePaths(const QString& dataDirOption,
+                                             const QString& foodsOption)
 {
-    Paths paths;
-    const QString programDir = QCoreApplication::applicationDirPath();
-    paths.dataDir = QDir(dataDirOption.isEmpty() ? programDir : dataDirOption).absolutePath();
-    if (!folderWritable(paths.dataDir)) {
-        const QString perUser = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-        QDir().mkpath(perUser);
-        paths.dataDir = perUser;
-    }
-
-    if (!foodsOption.isEmpty()) {
-        const QString chosen = QFileInfo(foodsOption).absoluteFilePath();
-        paths.searched.append(chosen);
-        if (QFileInfo(chosen).isFile())
-            paths.foodsPath = chosen;
-        return paths;
-    }
-    const QString name = QStringLiteral("foods.db");
-    // The data folder's own copy first (a folder chosen with --data-dir may bring one), then the
-    // one shipped beside the program, then the installed data folders.
-    QStringList candidates{QDir(paths.dataDir).filePath(name), QDir(programDir).filePath(name)};
+    model::DataSearch search;
+    search.dataDirOption = toPath(dataDirOption);
+    search.foodsOption = toPath(foodsOption);
+    search.programDir = toPath(QCoreApplication::applicationDirPath());
+    search.perUserDir = toPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
     for (const QString& dir : QStandardPaths::standardLocations(QStandardPaths::AppDataLocation))
-        candidates.append(QDir(dir).filePath(name));
-    for (const QString& candidate : candidates) {
-        const QString clean = QDir::cleanPath(candidate);
-        if (paths.searched.contains(clean))
-            continue;
-        paths.searched.append(clean);
-        if (paths.foodsPath.isEmpty() && QFileInfo(clean).isFile())
-            paths.foodsPath = clean;
-    }
+        search.installedDirs.push_back(toPath(dir));
+    const model::DataLocations found = model::findDataLocations(search);
+
+    Paths paths;
+    paths.dataDir = fromPath(found.dataDir);
+    paths.foodsPath = fromPath(found.foodsPath);
+    paths.foodsToLoad = fromPath(found.foodsToLoad());
+    for (const std::filesystem::path& place : found.searched)
+        paths.searched.append(fromPath(place));
     return paths;
 }
 
@@ -160,10 +143,7 @@ bool Application::start()
 {
     // The data first: nothing is shown before the store is loaded.
     m_paths = resolvePaths(m_options.dataDir, m_options.foodsFile);
-    m_store.setPaths(toPath(m_paths.foodsPath.isEmpty()
-                                ? QDir(m_paths.dataDir).filePath(QStringLiteral("foods.db"))
-                                : m_paths.foodsPath),
-                     toPath(m_paths.dataDir));
+    m_store.setPaths(toPath(m_paths.foodsToLoad), toPath(m_paths.dataDir));
     m_report = m_store.load();
 
     applyStyle();
@@ -220,8 +200,9 @@ void Application::reportLoadProblems()
         restored = offerRestore(damaged) || restored;
     // Problems that are not damage: unreadable files and names that cannot be file names.
     for (const model::FileError& error : m_report.errors) {
-        const bool isDamage = std::any_of(m_report.damaged.begin(), m_report.damaged.end(),
-                                          [&](const auto& d) { return d.error.file == error.file; });
+        const bool isDamage =
+            std::any_of(m_report.damaged.begin(), m_report.damaged.end(),
+                        [&](const auto& d) { return d.error.file == error.file; });
         if (isDamage)
             continue;
         update::showMessageText(parent, QString::fromStdString(error.message()) +
@@ -230,7 +211,7 @@ void Application::reportLoadProblems()
     if (restored)
         m_window->refreshAllPages();
     if (!m_report.damaged.empty())
-        m_window->markModified(); // write the recovered data back soon
+        m_window->notifyChanged(ui::Change::Everything); // write the recovered data back soon
 }
 
 bool Application::offerRestore(const model::Store::DamagedFile& damaged)
@@ -238,8 +219,9 @@ bool Application::offerRestore(const model::Store::DamagedFile& damaged)
     QWidget* parent = m_window.get();
     QString text = QString::fromStdString(damaged.error.message()) + QStringLiteral(".\n\n");
     if (damaged.movedTo.empty()) {
-        text += QStringLiteral("It could not be moved aside, so it is left in its place and Velmora "
-                               "will not write over it in this session.");
+        text +=
+            QStringLiteral("It could not be moved aside, so it is left in its place and Velmora "
+                           "will not write over it in this session.");
         update::showMessageText(parent, text);
         return false;
     }
@@ -250,7 +232,8 @@ bool Application::offerRestore(const model::Store::DamagedFile& damaged)
         update::showMessageText(parent, text);
         return false;
     }
-    const QDateTime when = QFileInfo(QString::fromStdString(damaged.backup.string())).lastModified();
+    const QDateTime when =
+        QFileInfo(QString::fromStdString(damaged.backup.string())).lastModified();
     text += QStringLiteral("\n\nA backup saved on %1 reads completely. Restore it now?")
                 .arg(QLocale().toString(when, QLocale::LongFormat));
     if (!update::askYesNoText(parent, text))

@@ -33,6 +33,7 @@ public:
     {
         QString dataDir;      // holds "velmora.db" and the users' files
         QString foodsPath;    // "foods.db" found, or empty
+        QString foodsToLoad;  // what the store reads (see model::DataLocations::foodsToLoad)
         QStringList searched; // where "foods.db" was looked for, in order
     };
 
@@ -40,10 +41,8 @@ public:
     static void setIdentity();
     // Parses the command line (the program's arguments, first one the program).
     static Options parseArguments(const QStringList& arguments);
-    // The data folder: the given one, else the program's folder; a folder that cannot be written is
-    // replaced by the per-user application data folder. "foods.db" is looked for in the data
-    // folder, then beside the program, then in the installed data folders, unless a file is
-    // named, which is then the only one.
+    // The data folder and "foods.db" as model::findDataLocations finds them (velmora-cli finds
+    // them the same way), with the platform's per-user and installed data folders.
     static Paths resolvePaths(const QString& dataDirOption, const QString& foodsOption = QString());
     // Fusion with a calm palette, one accent colour and the style sheet of the resources.
     static void applyStyle();

@@ -7,14 +7,15 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "app/NewUserDialog.h"
 #include "app/PageFactory.h"
 #include "app/UserSession.h"
 
 namespace velmora::app {
 
-InitialSetupDialog::InitialSetupDialog(UserSession& session, AppContext& context, QWidget* parent)
+InitialSetupDialog::InitialSetupDialog(UserSession& session, ui::AppContext& context,
+                                       QWidget* parent)
     : QDialog(parent), m_session(session), m_context(context)
 {
     setWindowTitle(QStringLiteral("Initial Setup"));

@@ -2,9 +2,12 @@
 
 #include <QDialog>
 
+namespace velmora::ui {
+class AppContext;
+} // namespace velmora::ui
+
 namespace velmora::app {
 
-class AppContext;
 class UserSession;
 
 // "Initial Setup": shown at start while fewer than two users exist. "Next >>" makes a new user
@@ -14,13 +17,13 @@ class InitialSetupDialog : public QDialog
     Q_OBJECT
 
 public:
-    InitialSetupDialog(UserSession& session, AppContext& context, QWidget* parent = nullptr);
+    InitialSetupDialog(UserSession& session, ui::AppContext& context, QWidget* parent = nullptr);
 
 private:
     void next();
 
     UserSession& m_session;
-    AppContext& m_context;
+    ui::AppContext& m_context;
 };
 
 } // namespace velmora::app

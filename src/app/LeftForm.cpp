@@ -11,12 +11,12 @@
 namespace velmora::app {
 
 const std::array<LeftForm::Button, 6> LeftForm::Buttons{{
-    {1017, 3, "Journal Notes", ":/velmora/icons/notes.svg"},
-    {1001, 1, "Health", ":/velmora/icons/health.svg"},
-    {1002, 4, "Fitness Log", ":/velmora/icons/fitness.svg"},
-    {1000, 0, "Food", ":/velmora/icons/food.svg"},
-    {1018, 2, "Journal List", ":/velmora/icons/list.svg"},
-    {1019, 5, "Graphs", ":/velmora/icons/graphs.svg"},
+    {1017, ui::PageId::JournalNotes, "Journal Notes", ":/velmora/icons/notes.svg"},
+    {1001, ui::PageId::Health, "Health", ":/velmora/icons/health.svg"},
+    {1002, ui::PageId::FitnessLog, "Fitness Log", ":/velmora/icons/fitness.svg"},
+    {1000, ui::PageId::Food, "Food", ":/velmora/icons/food.svg"},
+    {1018, ui::PageId::JournalList, "Journal List", ":/velmora/icons/list.svg"},
+    {1019, ui::PageId::Graphs, "Graphs", ":/velmora/icons/graphs.svg"},
 }};
 
 LeftForm::LeftForm(QWidget* parent) : QWidget(parent)
@@ -52,7 +52,7 @@ LeftForm::LeftForm(QWidget* parent) : QWidget(parent)
     });
 }
 
-void LeftForm::selectPage(int page)
+void LeftForm::selectPage(ui::PageId page)
 {
     for (const Button& b : Buttons) {
         if (b.page == page)
@@ -60,14 +60,14 @@ void LeftForm::selectPage(int page)
     }
 }
 
-int LeftForm::selectedPage() const
+std::optional<ui::PageId> LeftForm::selectedPage() const
 {
     const int id = m_group->checkedId();
     for (const Button& b : Buttons) {
         if (b.commandId == id)
             return b.page;
     }
-    return -1;
+    return std::nullopt;
 }
 
 QToolButton* LeftForm::buttonForCommand(int commandId) const

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include <QWidget>
+
+#include "ui/PageId.h"
 
 class QButtonGroup;
 class QToolButton;
@@ -17,8 +20,8 @@ class LeftForm : public QWidget
 public:
     struct Button
     {
-        int commandId; // the button's command number
-        int page;      // the page of the page host it shows
+        int commandId;   // the button's command number
+        ui::PageId page; // the page of the page host it shows
         const char* caption;
         const char* icon; // resource path
     };
@@ -28,13 +31,13 @@ public:
     explicit LeftForm(QWidget* parent = nullptr);
 
     // Selects the button of a page (without emitting pageRequested).
-    void selectPage(int page);
-    // The page whose button is selected, or -1.
-    int selectedPage() const;
+    void selectPage(ui::PageId page);
+    // The page whose button is selected, if any.
+    std::optional<ui::PageId> selectedPage() const;
     QToolButton* buttonForCommand(int commandId) const;
 
 signals:
-    void pageRequested(int page);
+    void pageRequested(ui::PageId page);
 
 private:
     QButtonGroup* m_group = nullptr;

@@ -13,7 +13,8 @@
 
 #include "app/LeftForm.h"
 #include "app/OptionsDialog.h"
-#include "app/Page.h"
+#include "ui/Page.h"
+#include "ui/QtText.h"
 #include "app/PageFactory.h"
 #include "app/PageHost.h"
 #include "app/UserLoginDialog.h"
@@ -66,13 +67,13 @@ MainWindow::MainWindow(model::Store& store, QWidget* parent)
 
     createActions();
     statusBar()->showMessage(QString());
-    connect(m_left, &LeftForm::pageRequested, this, [this](int page) {
+    connect(m_left, &LeftForm::pageRequested, this, [this](ui::PageId page) {
         showPage(page);
         showStatus(QString());
     });
 
     // At start the food page is shown, whatever was shown in an earlier run.
-    showPage(0);
+    showPage(ui::PageId::Food);
     updateTitle();
     resize(1100, 720);
 }
@@ -148,7 +149,7 @@ void MainWindow::createActions()
         go->setShortcut(
             QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(i))));
         go->setStatusTip(QStringLiteral("Show the %1 page").arg(QString::fromLatin1(b.caption)));
-        const int page = b.page;
+        const ui::PageId page = b.page;
         connect(go, &QAction::triggered, this, [this, page] {
             showPage(page);
             showStatus(QString());
@@ -181,15 +182,15 @@ void MainWindow::createActions()
     connect(aboutAction, &QAction::triggered, this, &MainWindow::about);
 }
 
-void MainWindow::showPage(int k)
+void MainWindow::showPage(ui::PageId page)
 {
-    m_host->showPage(k);
-    m_left->selectPage(k);
+    m_host->showPage(page);
+    m_left->selectPage(page);
 }
 
 void MainWindow::updateTitle()
 {
-    const QString user = QString::fromStdString(model::cp1252ToUtf8(m_store.currentUserName()));
+    const QString user = ui::toQt(m_store.currentUserName());
     setWindowTitle(user.isEmpty() ? QStringLiteral("Velmora")
                                   : user + QStringLiteral(" - Velmora"));
 }
@@ -200,8 +201,9 @@ void MainWindow::refreshAllPages()
     updateTitle();
 }
 
-void MainWindow::markModified()
+void MainWindow::notifyChanged(ui::Change what)
 {
+    emit dataChanged(what);
     // Restarting the pause on every change could put the save off for ever; once changes have
     // waited for the longest allowed time the pending save is left to run.
     if (!m_saveTimer->isActive())
@@ -221,16 +223,10 @@ bool MainWindow::saveChanges(bool quiet)
     m_saveTimer->stop();
     if (!m_session->savingEnabled())
         return true;
-    // A save normalises the store, which sorts the definition lists; a dialog that is open may hold
-    // positions in them. Wait until it has closed.
-    if (quiet && QApplication::activeModalWidget()) {
-        m_saveTimer->start();
-        return true;
-    }
     m_host->storeCurrent();
     if (!m_store.hasUnsavedChanges())
         return true;
-    return m_session->save(false, quiet);
+    return m_session->save(model::Release::No, quiet);
 }
 
 void MainWindow::showStatus(const QString& text)
@@ -252,7 +248,7 @@ void MainWindow::options()
     OptionsDialog dialog(m_store, this);
     if (dialog.exec() == QDialog::Accepted) {
         refreshAllPages();
-        markModified();
+        notifyChanged(ui::Change::Profile);
     }
 }
 
@@ -271,8 +267,7 @@ void MainWindow::showTips()
 
 void MainWindow::about()
 {
-    update::showAbout(this,
-                      QString::fromStdString(model::cp1252ToUtf8(m_store.foods.sourceRelease())));
+    update::showAbout(this, ui::toQt(m_store.foods.sourceRelease()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -280,7 +275,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     if (!m_closed) {
         m_saveTimer->stop();
         m_host->storeCurrent();
-        if (m_session->savingEnabled() && !m_session->save(true)) {
+        if (m_session->savingEnabled() && !m_session->save(model::Release::Yes)) {
             // The records are still in memory: closing now would lose what could not be written.
             const bool quit = update::askYesNoText(
                 this, QStringLiteral("Your data could not be saved (see the message before).\n\n"

@@ -5,7 +5,8 @@
 #include <QElapsedTimer>
 #include <QMainWindow>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
+#include "ui/PageId.h"
 
 class QAction;
 class QTimer;
@@ -18,7 +19,7 @@ class UserSession;
 
 // The main window: tool bar, menus, status bar, the navigation form and the page host. It is the
 // application context that pages and dialogs talk to.
-class MainWindow : public QMainWindow, public AppContext
+class MainWindow : public QMainWindow, public ui::AppContext
 {
     Q_OBJECT
 
@@ -29,7 +30,7 @@ public:
     // AppContext
     model::Store& store() override { return m_store; }
     void refreshAllPages() override;
-    void markModified() override;
+    void notifyChanged(ui::Change what) override;
     void showStatus(const QString& text) override;
     QWidget* mainWindow() override { return this; }
 
@@ -37,8 +38,8 @@ public:
     LeftForm* leftForm() const { return m_left; }
     PageHost* pageHost() const { return m_host; }
 
-    // Shows page k and selects its navigation button.
-    void showPage(int k);
+    // Shows a page and selects its navigation button.
+    void showPage(ui::PageId page);
     // The window title from the current user, e.g. "Example User - Velmora".
     void updateTitle();
 
@@ -49,10 +50,12 @@ public:
     void showTips();
     void about();
 
-    // Saves at once what markModified() scheduled (also used before the window closes).
+    // Saves at once what a change notice scheduled (also used before the window closes).
     void saveNow();
 
 signals:
+    // After every edit, with what it changed; a save follows shortly.
+    void dataChanged(ui::Change what);
     // Emitted once after the first paint (start-up measurement).
     void firstPainted();
 
@@ -73,9 +76,9 @@ private:
     // could not be written.
     bool saveChanges(bool quiet);
 
-    QTimer* m_saveTimer = nullptr;     // a quiet save shortly after the last change
-    QTimer* m_periodicSave = nullptr;  // and at least every two minutes while anything is unsaved
-    QElapsedTimer m_unsavedSince;      // running while a scheduled save is pending
+    QTimer* m_saveTimer = nullptr;    // a quiet save shortly after the last change
+    QTimer* m_periodicSave = nullptr; // and at least every two minutes while anything is unsaved
+    QElapsedTimer m_unsavedSince;     // running while a scheduled save is pending
     bool m_painted = false;
     bool m_closed = false;
 };

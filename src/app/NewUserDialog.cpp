@@ -12,6 +12,7 @@
 #include "model/TextCodec.h"
 #include "model/UserNames.h"
 #include "update/Messages.h"
+#include "ui/QtText.h"
 
 namespace velmora::app {
 
@@ -48,7 +49,7 @@ void NewUserDialog::accept()
         m_edit->selectAll();
         return;
     }
-    m_name = model::capitaliseFirst(model::utf8ToCp1252(m_edit->text().toStdString()));
+    m_name = model::capitaliseFirst(ui::fromQt(m_edit->text()));
     QDialog::accept();
 }
 

@@ -14,6 +14,7 @@
 #include "update/Messages.h"
 #include "update/SettingsKeys.h"
 #include "update/TipDialog.h"
+#include "model/ProfileEdits.h"
 
 namespace velmora::app {
 
@@ -67,8 +68,7 @@ OptionsDialog::OptionsDialog(model::Store& store, QWidget* parent) : QDialog(par
 void OptionsDialog::accept()
 {
     update::setDeleteConfirmationsEnabled(m_confirmations->isChecked());
-    m_store.journal.user.metric = m_metric->isChecked() ? 1 : 0;
-    m_store.journal.user.daysInLists = m_days->currentIndex() + 1;
+    model::setUnitsAndDays(m_store.journal.user, m_metric->isChecked(), m_days->currentIndex() + 1);
     QSettings().setValue(update::settings::TipStartUp, m_tips->isChecked());
     QDialog::accept();
 }

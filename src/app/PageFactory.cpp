@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
-#include "app/Page.h"
+#include "ui/AppContext.h"
+#include "ui/Page.h"
 #include "food/FoodFinderDialog.h"
 #include "food/FoodPage.h"
 #include "food/JournalListPage.h"
@@ -18,11 +18,11 @@ namespace velmora::app {
 namespace {
 
 // A placeholder page that shows its title until the subsystem's page exists.
-class TitlePage : public Page
+class TitlePage : public ui::Page
 {
 public:
-    TitlePage(const QString& title, AppContext& context, QWidget* parent)
-        : Page(context, parent), m_title(title)
+    TitlePage(const QString& title, ui::AppContext& context, QWidget* parent)
+        : ui::Page(context, parent), m_title(title)
     {
         auto* layout = new QVBoxLayout(this);
         auto* label = new QLabel(title, this);
@@ -44,33 +44,32 @@ private:
 
 } // namespace
 
-Page* createPage(int index, AppContext& context, QWidget* parent)
+ui::Page* createPage(ui::PageId id, ui::AppContext& context, QWidget* parent)
 {
-    switch (index) {
-    case 0:
+    switch (id) {
+    case ui::PageId::Food:
         return new food::FoodPage(context, parent);
-    case 1:
+    case ui::PageId::Health:
         return new TitlePage(QStringLiteral("Health"), context, parent);
-    case 2:
+    case ui::PageId::JournalList:
         return new food::JournalListPage(context, parent);
-    case 3:
+    case ui::PageId::JournalNotes:
         return new TitlePage(QStringLiteral("Journal Notes"), context, parent);
-    case 4:
+    case ui::PageId::FitnessLog:
         return new TitlePage(QStringLiteral("Fitness Log"), context, parent);
-    case 5:
+    case ui::PageId::Graphs:
         return new TitlePage(QStringLiteral("Graphs"), context, parent);
-    default:
-        return nullptr;
     }
+    return nullptr;
 }
 
-void openFoodFinder(AppContext& context)
+void openFoodFinder(ui::AppContext& context)
 {
     food::FoodFinderDialog dialog(context, context.mainWindow());
     dialog.exec();
 }
 
-void openDietGoals(AppContext& context)
+void openDietGoals(ui::AppContext& context)
 {
     update::showMessageText(context.mainWindow(),
                             QStringLiteral("The Diet Goals are not available yet."));

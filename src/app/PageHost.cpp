@@ -6,59 +6,63 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
-#include "app/Page.h"
 #include "app/PageFactory.h"
 #include "model/Store.h"
+#include "ui/AppContext.h"
+#include "ui/Page.h"
 
 namespace velmora::app {
 
-PageHost::PageHost(AppContext& context, QWidget* parent) : QWidget(parent), m_context(context)
+PageHost::PageHost(ui::AppContext& context, QWidget* parent) : QWidget(parent), m_context(context)
 {
     setObjectName(QStringLiteral("pageHost"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     m_stack = new QStackedWidget(this);
     layout->addWidget(m_stack);
-    for (int k = 0; k < PageCount; ++k) {
+    for (QScrollArea*& scroll : m_scrolls) {
         // Pages larger than the window scroll.
-        auto* scroll = new QScrollArea(m_stack);
+        scroll = new QScrollArea(m_stack);
         scroll->setWidgetResizable(true);
         scroll->setFrameShape(QFrame::NoFrame);
-        Page* page = createPage(k, context, scroll);
-        scroll->setWidget(page);
-        m_pages.push_back(page);
         m_stack->addWidget(scroll);
     }
 }
 
-Page* PageHost::page(int k) const
+ui::Page* PageHost::page(ui::PageId id)
 {
-    return k >= 0 && k < static_cast<int>(m_pages.size()) ? m_pages[static_cast<std::size_t>(k)]
-                                                          : nullptr;
+    ui::Page*& page = m_pages[slot(id)];
+    if (!page) {
+        QScrollArea* scroll = m_scrolls[slot(id)];
+        page = createPage(id, m_context, scroll);
+        scroll->setWidget(page);
+        if (m_refreshed)
+            page->refreshPage();
+    }
+    return page;
 }
 
-void PageHost::showPage(int k)
+void PageHost::showPage(ui::PageId id)
 {
-    if (!page(k))
-        return;
-    m_stack->setCurrentIndex(k);
-    m_current = k;
-    page(k)->setFocus(Qt::OtherFocusReason);
+    ui::Page* shown = page(id);
+    m_stack->setCurrentIndex(ui::pageIndex(id));
+    m_current = id;
+    shown->setFocus(Qt::OtherFocusReason);
 }
 
 void PageHost::refreshAll()
 {
+    m_refreshed = true;
     m_context.store().normalise();
-    for (int k : {1, 0, 2, 4, 3}) {
-        if (Page* p = page(k))
+    for (ui::PageId id : ui::RefreshOrder) {
+        if (ui::Page* p = m_pages[slot(id)])
             p->refreshPage();
     }
 }
 
 void PageHost::storeCurrent()
 {
-    if (Page* p = currentPage())
+    if (ui::Page* p = m_pages[slot(m_current)])
         p->storePage();
 }
 

@@ -14,6 +14,7 @@
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "update/Messages.h"
+#include "ui/QtText.h"
 
 namespace velmora::app {
 
@@ -62,8 +63,7 @@ void UserLoginDialog::rebuildList()
     m_users->clear();
     const auto& names = m_store.shared.userNames;
     for (std::size_t i = 0; i < names.size(); ++i)
-        m_users->addItem(QString::fromStdString(model::cp1252ToUtf8(names[i])),
-                         static_cast<int>(i));
+        m_users->addItem(ui::toQt(names[i]), static_cast<int>(i));
     m_users->setCurrentIndex(names.empty() ? -1 : m_store.shared.currentUser);
 }
 

@@ -7,11 +7,13 @@
 
 #include <QWidget>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "model/UserNames.h"
 #include "update/Messages.h"
+#include "ui/QtText.h"
+#include "model/UserEdits.h"
 
 namespace velmora::app {
 
@@ -30,14 +32,14 @@ QString saveErrorText(const model::FileError& error)
 
 } // namespace
 
-UserSession::UserSession(model::Store& store, AppContext& context)
+UserSession::UserSession(model::Store& store, ui::AppContext& context)
     : m_store(store), m_context(context)
 {
 }
 
 QString UserSession::newNameProblem(const QString& typed) const
 {
-    const std::string name = model::capitaliseFirst(model::utf8ToCp1252(typed.toStdString()));
+    const std::string name = model::capitaliseFirst(ui::fromQt(typed));
     const model::NameProblem problem = model::checkUserName(name);
     if (problem != model::NameProblem::None)
         return QString::fromStdString(model::nameProblemText(problem));
@@ -61,9 +63,9 @@ bool UserSession::isDuplicate(const QString& problem)
 
 int UserSession::addUser(const std::string& cp1252Name)
 {
-    m_store.shared.userNames.push_back(model::capitaliseFirst(cp1252Name));
-    m_context.markModified();
-    return static_cast<int>(m_store.shared.userNames.size()) - 1;
+    const std::size_t k = model::addUser(m_store.shared, cp1252Name);
+    m_context.notifyChanged(ui::Change::Users);
+    return static_cast<int>(k);
 }
 
 bool UserSession::switchTo(int k)
@@ -72,19 +74,17 @@ bool UserSession::switchTo(int k)
         k == m_store.shared.currentUser)
         return false;
     if (m_savingEnabled) {
-        const bool sharedSaved = saveShared(false, false);
+        const bool sharedSaved = saveShared(model::Release::No, false);
         // The journal in memory is released below; when it could not be written, stay with it.
         // (A journal that was never read, because its file is unreadable or its name unsafe, has
         // nothing to keep.)
-        if (!saveJournal(true, false) && !m_store.userFileProtected())
+        if (!saveJournal(model::Release::Yes, false) && !m_store.userFileProtected())
             return false;
         if (sharedSaved)
             ++m_saveCount;
     }
-    m_store.shared.currentUser = static_cast<std::uint8_t>(k);
-    m_store.journal.days.clear();
     model::FileError error;
-    if (!m_store.loadCurrentUser(&error) && !error.file.empty())
+    if (!model::switchUser(m_store, static_cast<std::size_t>(k), &error) && !error.file.empty())
         update::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
     m_context.refreshAllPages();
     return true;
@@ -97,21 +97,15 @@ void UserSession::deleteUser(int k)
         return;
     // The journal in memory is replaced by the first user's below; keep another user's edits.
     if (m_savingEnabled && k != m_store.shared.currentUser)
-        saveJournal(false, false);
-    if (const auto path = m_store.userFilePath(static_cast<std::size_t>(k))) {
-        std::error_code ignored;
-        std::filesystem::remove(*path, ignored);
-    }
-    names.erase(names.begin() + k);
-    m_store.shared.currentUser = 0;
-    m_store.journal.days.clear();
+        saveJournal(model::Release::No, false);
     model::FileError error;
-    if (!m_store.loadCurrentUser(&error) && !error.file.empty())
+    model::deleteUser(m_store, static_cast<std::size_t>(k), &error);
+    if (!error.file.empty())
         update::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
     m_context.refreshAllPages();
 }
 
-bool UserSession::save(bool release, bool quiet)
+bool UserSession::save(model::Release release, bool quiet)
 {
     if (!m_savingEnabled)
         return false;
@@ -124,7 +118,7 @@ bool UserSession::save(bool release, bool quiet)
     return shared && journal;
 }
 
-bool UserSession::saveShared(bool release, bool quiet)
+bool UserSession::saveShared(model::Release release, bool quiet)
 {
     const model::Status status = m_store.saveShared(release);
     if (status.ok())
@@ -133,7 +127,7 @@ bool UserSession::saveShared(bool release, bool quiet)
     return false;
 }
 
-bool UserSession::saveJournal(bool release, bool quiet)
+bool UserSession::saveJournal(model::Release release, bool quiet)
 {
     if (m_store.userFileProtected())
         return false; // reported when it was loaded; its file is left alone

@@ -4,21 +4,24 @@
 
 #include <QString>
 
+#include "model/DataFolder.h"
+
 namespace velmora::model {
 class Store;
-struct FileError;
 }
 
-namespace velmora::app {
-
+namespace velmora::ui {
 class AppContext;
+} // namespace velmora::ui
+
+namespace velmora::app {
 
 // The user operations of the login, new-user and initial-setup dialogs, and the saving of both
 // files. Names handed in and out are the store's Windows-1252 bytes.
 class UserSession
 {
 public:
-    UserSession(model::Store& store, AppContext& context);
+    UserSession(model::Store& store, ui::AppContext& context);
 
     // Why a typed name cannot become a new user, or an empty text when it can. The name is taken
     // as the user typed it (UTF-8); the first letter is upper-cased before the comparison.
@@ -36,9 +39,9 @@ public:
     // Removes user k's file and name, makes the first user current and loads its file.
     void deleteUser(int k);
 
-    // Writes "velmora.db" and the current user's file. release frees the records afterwards
+    // Writes "velmora.db" and the current user's file. Release::Yes frees the records afterwards
     // (shut-down). Errors are shown to the user unless quiet. Returns true when both were written.
-    bool save(bool release, bool quiet = false);
+    bool save(model::Release release, bool quiet = false);
     // Saving is switched off when the store was never loaded (writing would replace real data).
     void setSavingEnabled(bool on) { m_savingEnabled = on; }
     bool savingEnabled() const { return m_savingEnabled; }
@@ -46,15 +49,15 @@ public:
     int saveCount() const { return m_saveCount; }
 
 private:
-    bool saveShared(bool release, bool quiet);
-    bool saveJournal(bool release, bool quiet);
+    bool saveShared(model::Release release, bool quiet);
+    bool saveJournal(model::Release release, bool quiet);
 
     // Tells the user about a failed save: a message box the first time, the status bar while the
     // same trouble goes on in quiet saves.
     void reportSaveFailure(const model::FileError& error, bool quiet);
 
     model::Store& m_store;
-    AppContext& m_context;
+    ui::AppContext& m_context;
     bool m_savingEnabled = true;
     bool m_failureShown = false;
     int m_saveCount = 0;

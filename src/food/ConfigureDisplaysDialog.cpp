@@ -11,28 +11,19 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/logic/DisplaySettings.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "model/User.h"
 #include "update/Messages.h"
+#include "ui/QtText.h"
 
 namespace velmora::food {
 
-namespace {
+using ui::nutrientName;
 
-QString nutrientName(const model::Store& store, model::NutrientId n)
-{
-    const std::string name = store.foods.catalogue().nameOf(n);
-    if (name.empty())
-        return QStringLiteral("Nutrient %1").arg(n);
-    return QString::fromStdString(model::cp1252ToUtf8(name));
-}
-
-} // namespace
-
-ConfigureDisplaysDialog::ConfigureDisplaysDialog(app::AppContext& context, QWidget* parent)
+ConfigureDisplaysDialog::ConfigureDisplaysDialog(ui::AppContext& context, QWidget* parent)
     : QDialog(parent), m_context(context)
 {
     setWindowTitle(QStringLiteral("Configure Displays"));
@@ -159,7 +150,7 @@ void ConfigureDisplaysDialog::accept()
     model::User& user = m_context.store().journal.user;
     const bool fits = applyDisplaySettings(user, m_pies[0]->checkedId(), m_pies[1]->checkedId(),
                                            m_editor->items());
-    m_context.markModified();
+    m_context.notifyChanged(ui::Change::Profile);
     if (!fits)
         update::showMessageText(
             this, QStringLiteral("The details list holds at most %1 nutrients; only the first %1 "

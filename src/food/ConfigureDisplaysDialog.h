@@ -9,7 +9,7 @@ class QButtonGroup;
 class QListWidget;
 class QPushButton;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 
@@ -24,7 +24,7 @@ class ConfigureDisplaysDialog : public QDialog
     Q_OBJECT
 
 public:
-    ConfigureDisplaysDialog(app::AppContext& context, QWidget* parent = nullptr);
+    ConfigureDisplaysDialog(ui::AppContext& context, QWidget* parent = nullptr);
     ~ConfigureDisplaysDialog() override;
 
     void accept() override;
@@ -36,7 +36,7 @@ private:
     void onMove(bool up);
     void updateButtons();
 
-    app::AppContext& m_context;
+    ui::AppContext& m_context;
     std::unique_ptr<DetailsListEditor> m_editor;
     std::array<QButtonGroup*, 2> m_pies{};
     QListWidget* m_list = nullptr;

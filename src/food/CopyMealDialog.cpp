@@ -9,14 +9,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
-#include "food/QtText.h"
+#include "ui/AppContext.h"
+#include "ui/QtText.h"
 #include "food/logic/MealEditing.h"
 #include "model/Store.h"
 
 namespace velmora::food {
 
-CopyMealDialog::CopyMealDialog(app::AppContext& context, const model::CalendarDate& date, int kind,
+CopyMealDialog::CopyMealDialog(ui::AppContext& context, const model::CalendarDate& date, int kind,
                                QWidget* parent)
     : QDialog(parent), m_context(context)
 {
@@ -64,12 +64,12 @@ int CopyMealDialog::sourceKind() const
 void CopyMealDialog::showSource()
 {
     const model::Store& store = m_context.store();
-    const model::JournalDay* day = findJournalDay(store.journal, sourceDate());
+    const model::JournalDay* day = model::findDay(store.journal, sourceDate());
     const model::Meal* meal = day ? day->findMeal(sourceKind()) : nullptr;
     m_preview->clear();
     if (meal)
         for (const MealRow& row : mealRows(store, *meal))
-            m_preview->addItem(toQt(row.text));
+            m_preview->addItem(ui::toQt(row.text));
     const bool any = m_preview->count() > 0;
     m_empty->setVisible(!any);
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(any);

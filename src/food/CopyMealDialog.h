@@ -10,7 +10,7 @@ class QDialogButtonBox;
 class QLabel;
 class QListWidget;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 
@@ -23,7 +23,7 @@ class CopyMealDialog : public QDialog
     Q_OBJECT
 
 public:
-    CopyMealDialog(app::AppContext& context, const model::CalendarDate& date, int kind,
+    CopyMealDialog(ui::AppContext& context, const model::CalendarDate& date, int kind,
                    QWidget* parent = nullptr);
 
     model::CalendarDate sourceDate() const;
@@ -37,7 +37,7 @@ public:
 private:
     void showSource();
 
-    app::AppContext& m_context;
+    ui::AppContext& m_context;
     QDateEdit* m_date = nullptr;
     QComboBox* m_meals = nullptr;
     QListWidget* m_preview = nullptr;

@@ -14,32 +14,23 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/logic/CustomFoods.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "update/Messages.h"
+#include "ui/QtText.h"
 
 namespace velmora::food {
 
 namespace {
-
-QString fromStore(const std::string& text)
-{
-    return QString::fromStdString(model::cp1252ToUtf8(text));
-}
-
-std::string toStore(const QString& text)
-{
-    return model::utf8ToCp1252(text.toStdString());
-}
 
 const QColor FieldBackground(200, 200, 200);
 const QColor AlternateValueBackground(204, 212, 227);
 
 } // namespace
 
-CustomFoodsDialog::CustomFoodsDialog(app::AppContext& context, QWidget* parent)
+CustomFoodsDialog::CustomFoodsDialog(ui::AppContext& context, QWidget* parent)
     : QDialog(parent), m_context(context)
 {
     setWindowTitle(QStringLiteral("Custom Foods"));
@@ -64,7 +55,7 @@ CustomFoodsDialog::CustomFoodsDialog(app::AppContext& context, QWidget* parent)
         const std::string name = row == 0 ? store.foods.catalogue().nameOf(model::nutrient::Amount)
                                           : entries[static_cast<std::size_t>(row - 1)].name;
         auto* field = new QTableWidgetItem(name.empty() && row == 0 ? QStringLiteral("Amount (g)")
-                                                                    : fromStore(name));
+                                                                    : ui::toQt(name));
         field->setFlags(Qt::ItemIsEnabled);
         field->setBackground(FieldBackground);
         m_grid->setItem(row, 0, field);
@@ -118,7 +109,7 @@ void CustomFoodsDialog::fillFoodList(int select)
     m_names->clear();
     const auto& foods = m_context.store().shared.customFoods;
     for (std::size_t i = 0; i < foods.size(); ++i)
-        m_names->addItem(fromStore(foods[i].name), static_cast<int>(i));
+        m_names->addItem(ui::toQt(foods[i].name), static_cast<int>(i));
     m_names->setCurrentIndex(select);
     if (select < 0)
         m_names->setEditText(QString());
@@ -149,9 +140,9 @@ int CustomFoodsDialog::storeShown(const QString& name)
     cells.reserve(static_cast<std::size_t>(m_grid->rowCount()));
     for (int row = 0; row < m_grid->rowCount(); ++row)
         cells.push_back(m_grid->item(row, 1)->text().toStdString());
-    const int position = storeCustomFoodCells(m_context.store(), toStore(name), cells);
+    const int position = storeCustomFoodCells(m_context.store(), ui::fromQt(name), cells);
     if (position >= 0)
-        m_context.markModified();
+        m_context.notifyChanged(ui::Change::Definitions);
     return position;
 }
 
@@ -186,13 +177,13 @@ void CustomFoodsDialog::onNew()
 void CustomFoodsDialog::onDelete()
 {
     const QString name = m_names->currentText();
-    const std::string stored = customFoodName(toStore(name));
+    const std::string stored = customFoodName(ui::fromQt(name));
     if (stored.empty() || findCustomFoodByName(m_context.store(), stored) < 0)
         return;
     if (!update::confirmDelete(this, update::MsgDeleteCustomFood))
         return;
     if (deleteCustomFood(m_context.store(), stored))
-        m_context.markModified();
+        m_context.notifyChanged(ui::Change::Definitions);
     fillFoodList(-1);
     showFood(-1);
 }
@@ -205,7 +196,7 @@ void CustomFoodsDialog::onDone()
 
 void CustomFoodsDialog::updateButtons()
 {
-    m_delete->setEnabled(!customFoodName(toStore(m_names->currentText())).empty());
+    m_delete->setEnabled(!customFoodName(ui::fromQt(m_names->currentText())).empty());
 }
 
 } // namespace velmora::food

@@ -7,7 +7,7 @@ class QComboBox;
 class QPushButton;
 class QTableWidget;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 
@@ -20,7 +20,7 @@ class CustomFoodsDialog : public QDialog
     Q_OBJECT
 
 public:
-    CustomFoodsDialog(app::AppContext& context, QWidget* parent = nullptr);
+    CustomFoodsDialog(ui::AppContext& context, QWidget* parent = nullptr);
 
 private:
     void fillFoodList(int select);
@@ -33,7 +33,7 @@ private:
     void onDone();
     void updateButtons();
 
-    app::AppContext& m_context;
+    ui::AppContext& m_context;
     QComboBox* m_names = nullptr;
     QTableWidget* m_grid = nullptr;
     QPushButton* m_delete = nullptr;

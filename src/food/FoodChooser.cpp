@@ -13,16 +13,16 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "controls/AmountSpinBox.h"
-#include "food/QtText.h"
+#include "ui/QtText.h"
 #include "food/logic/MealEditing.h"
 #include "model/Store.h"
 #include "update/Messages.h"
 
 namespace velmora::food {
 
-FoodChooser::FoodChooser(app::AppContext& context, QWidget* parent)
+FoodChooser::FoodChooser(ui::AppContext& context, QWidget* parent)
     : QWidget(parent), m_context(context)
 {
     m_custom = new QRadioButton(tr("C&ustom Foods"), this);
@@ -136,7 +136,7 @@ void FoodChooser::refresh()
     m_groups->blockSignals(true);
     m_groups->clear();
     for (const GroupChoice& g : groupChoices(foods))
-        m_groups->addItem(toQt(g.name), g.value);
+        m_groups->addItem(ui::toQt(g.name), g.value);
     const int index = m_groups->findData(previous);
     m_groups->setCurrentIndex(index >= 0 ? index : 0);
     m_groups->blockSignals(false);
@@ -181,7 +181,7 @@ void FoodChooser::search(bool announce)
     const int group =
         m_groups->currentData().isValid() ? m_groups->currentData().toInt() : AllGroupsValue;
     fillList(
-        searchFoods(store.foods, store.shared.customFoods, fromQt(m_searchBox->text()), group));
+        searchFoods(store.foods, store.shared.customFoods, ui::fromQt(m_searchBox->text()), group));
     if (m_foods->count() > 0)
         m_foods->setCurrentRow(0);
     else if (announce)
@@ -198,7 +198,7 @@ void FoodChooser::fillList(const std::vector<std::int32_t>& numbers)
         const model::FoodItem* food = store.findFood(number);
         if (!food)
             continue;
-        auto* item = new QListWidgetItem(toQt(food->name));
+        auto* item = new QListWidgetItem(ui::toQt(food->name));
         item->setData(Qt::UserRole, number);
         m_foods->addItem(item);
     }
@@ -243,7 +243,7 @@ void FoodChooser::onFoodChanged()
     m_measureFactor = 1.0;
     if (food) {
         for (std::size_t i = 0; i < food->measures.size(); ++i)
-            m_measures->addItem(toQt(food->measures[i].description), static_cast<int>(i) + 1);
+            m_measures->addItem(ui::toQt(food->measures[i].description), static_cast<int>(i) + 1);
         if (!food->measures.empty()) {
             m_measures->setCurrentIndex(0);
             m_measureFactor = measureFactor(*food, 0);

@@ -13,7 +13,7 @@ class QListWidget;
 class QPushButton;
 class QRadioButton;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 namespace velmora::controls {
@@ -32,7 +32,7 @@ class FoodChooser : public QWidget
     Q_OBJECT
 
 public:
-    explicit FoodChooser(app::AppContext& context, QWidget* parent = nullptr);
+    explicit FoodChooser(ui::AppContext& context, QWidget* parent = nullptr);
 
     // Reloads the group picker and the current list from the store.
     void refresh();
@@ -79,7 +79,7 @@ private:
     void onMeasureChanged(int index);
     void applyEnabling();
 
-    app::AppContext& m_context;
+    ui::AppContext& m_context;
     FoodListMode m_mode = FoodListMode::All;
     double m_measureFactor = 1.0;
 

@@ -7,9 +7,9 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
-#include "food/BarChart.h"
-#include "food/QtText.h"
+#include "ui/AppContext.h"
+#include "charts/BarChart.h"
+#include "ui/QtText.h"
 #include "food/QuarterColumns.h"
 #include "food/logic/ProteinQuality.h"
 #include "model/Nutrition.h"
@@ -17,7 +17,7 @@
 
 namespace velmora::food {
 
-FoodDetailsDialog::FoodDetailsDialog(app::AppContext& context, std::int32_t number, QWidget* parent)
+FoodDetailsDialog::FoodDetailsDialog(ui::AppContext& context, std::int32_t number, QWidget* parent)
     : QDialog(parent)
 {
     setWindowTitle(tr("Food Details"));
@@ -38,7 +38,7 @@ FoodDetailsDialog::FoodDetailsDialog(app::AppContext& context, std::int32_t numb
     m_nutrients->setRootIsDecorated(false);
     m_nutrients->setUniformRowHeights(true);
     new QuarterColumns(m_nutrients);
-    m_chart = new BarChart(this);
+    m_chart = new charts::BarChart(this);
     m_chart->setTitle(tr("Protein Quality Comparison"));
     m_chart->setAxisLabels(tr("mg"), QStringLiteral("  "));
     m_sentence = new QLabel(this);
@@ -60,13 +60,13 @@ FoodDetailsDialog::FoodDetailsDialog(app::AppContext& context, std::int32_t numb
 
     if (!food)
         return;
-    m_name->setText(toQt(food->name));
-    m_source->setText(toQt(sourceLine(food->number, store.foods.sourceRelease())));
+    m_name->setText(ui::toQt(food->name));
+    m_source->setText(ui::toQt(sourceLine(food->number, store.foods.sourceRelease())));
 
     const model::NutrientCatalogue& catalogue = store.foods.catalogue();
     QList<QTreeWidgetItem*> items;
     for (const NutrientRow& row : allNutrientRows(catalogue, *food)) {
-        auto* item = new QTreeWidgetItem({toQt(row.name), QString::fromStdString(row.value)});
+        auto* item = new QTreeWidgetItem({ui::toQt(row.name), QString::fromStdString(row.value)});
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         items.append(item);
     }

@@ -7,13 +7,15 @@
 class QLabel;
 class QTreeWidget;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 
-namespace velmora::food {
-
+namespace velmora::charts {
 class BarChart;
+}
+
+namespace velmora::food {
 
 // "Food Details": name, data source, every nutrient per 100 g and the protein quality comparison
 // of one food, with the sentence that says how complete its protein is.
@@ -22,19 +24,19 @@ class FoodDetailsDialog : public QDialog
     Q_OBJECT
 
 public:
-    FoodDetailsDialog(app::AppContext& context, std::int32_t food, QWidget* parent = nullptr);
+    FoodDetailsDialog(ui::AppContext& context, std::int32_t food, QWidget* parent = nullptr);
 
     QLabel* nameLabel() const { return m_name; }
     QLabel* sourceLabel() const { return m_source; }
     QTreeWidget* nutrientList() const { return m_nutrients; }
-    BarChart* chart() const { return m_chart; }
+    charts::BarChart* chart() const { return m_chart; }
     QLabel* sentenceLabel() const { return m_sentence; }
 
 private:
     QLabel* m_name = nullptr;
     QLabel* m_source = nullptr;
     QTreeWidget* m_nutrients = nullptr;
-    BarChart* m_chart = nullptr;
+    charts::BarChart* m_chart = nullptr;
     QLabel* m_sentence = nullptr;
 };
 

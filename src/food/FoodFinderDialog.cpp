@@ -11,9 +11,9 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/FoodDetailsDialog.h"
-#include "food/QtText.h"
+#include "ui/QtText.h"
 #include "food/logic/FinderRanking.h"
 #include "model/FoodDatabase.h"
 #include "model/Store.h"
@@ -26,7 +26,7 @@ constexpr int ValueWidth = 112;
 constexpr int RowHeight = 16;
 } // namespace
 
-FoodFinderDialog::FoodFinderDialog(app::AppContext& context, QWidget* parent)
+FoodFinderDialog::FoodFinderDialog(ui::AppContext& context, QWidget* parent)
     : QDialog(parent), m_context(context)
 {
     setWindowTitle(tr("Food Finder"));
@@ -35,8 +35,8 @@ FoodFinderDialog::FoodFinderDialog(app::AppContext& context, QWidget* parent)
     const model::NutrientCatalogue& catalogue = context.store().foods.catalogue();
     for (std::size_t index : catalogue.sortedByName()) {
         const model::NutrientDef& def = catalogue.entries()[index];
-        m_first->addItem(toQt(def.name), def.number);
-        m_second->addItem(toQt(def.name), def.number);
+        m_first->addItem(ui::toQt(def.name), def.number);
+        m_second->addItem(ui::toQt(def.name), def.number);
     }
     m_first->setCurrentIndex(m_first->count() > 0 ? 0 : -1);
     m_second->setCurrentIndex(m_second->count() > 1 ? 1 : m_second->count() - 1);
@@ -112,7 +112,7 @@ void FoodFinderDialog::find()
     items.reserve(static_cast<qsizetype>(ranking.size()));
     for (const RankRecord& r : ranking) {
         const model::FoodItem& food = foods.foods()[static_cast<std::size_t>(r.index)];
-        auto* item = new QTreeWidgetItem({toQt(food.name),
+        auto* item = new QTreeWidgetItem({ui::toQt(food.name),
                                           QString::asprintf("%.2f", static_cast<double>(r.a)),
                                           QString::asprintf("%.2f", static_cast<double>(r.b))});
         item->setData(0, Qt::UserRole, food.number);

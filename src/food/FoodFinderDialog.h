@@ -7,7 +7,7 @@ class QPushButton;
 class QRadioButton;
 class QTreeWidget;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 
@@ -19,7 +19,7 @@ class FoodFinderDialog : public QDialog
     Q_OBJECT
 
 public:
-    explicit FoodFinderDialog(app::AppContext& context, QWidget* parent = nullptr);
+    explicit FoodFinderDialog(ui::AppContext& context, QWidget* parent = nullptr);
 
     // Ranks with the chosen nutrients and directions and refills the result list.
     void find();
@@ -33,7 +33,7 @@ public:
 private:
     void openDetails();
 
-    app::AppContext& m_context;
+    ui::AppContext& m_context;
     QComboBox* m_first = nullptr;
     QComboBox* m_second = nullptr;
     QRadioButton* m_high1 = nullptr;

@@ -11,19 +11,20 @@
 #include <QTimeEdit>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/ConfigureDisplaysDialog.h"
 #include "food/CopyMealDialog.h"
 #include "food/CustomFoodsDialog.h"
 #include "food/FoodChooser.h"
 #include "food/FoodDetailsDialog.h"
 #include "food/MacroPanel.h"
-#include "food/QtText.h"
+#include "ui/QtText.h"
 #include "food/SaveMealDialog.h"
 #include "food/logic/MealCopy.h"
 #include "food/logic/MealEditing.h"
 #include "model/Store.h"
 #include "update/Messages.h"
+#include "model/ProfileEdits.h"
 
 namespace velmora::food {
 
@@ -38,7 +39,7 @@ model::CalendarDate fromQDate(const QDate& d)
 }
 } // namespace
 
-FoodPage::FoodPage(app::AppContext& context, QWidget* parent) : app::Page(context, parent)
+FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context, parent)
 {
     m_chooser = new FoodChooser(context, this);
 
@@ -168,7 +169,7 @@ void FoodPage::setCurrentMealKind(int kind)
 
 const model::Meal* FoodPage::currentMeal() const
 {
-    const model::JournalDay* day = findJournalDay(context().store().journal, currentDate());
+    const model::JournalDay* day = model::findDay(context().store().journal, currentDate());
     return day ? day->findMeal(currentMealKind()) : nullptr;
 }
 
@@ -194,12 +195,9 @@ void FoodPage::refreshPage()
 void FoodPage::storePage()
 {
     // The meals are written as they change; only the list mode is a page setting.
-    model::User& user = context().store().journal.user;
     const auto mode = static_cast<std::int32_t>(m_chooser->mode());
-    if (user.foodListMode != mode) {
-        user.foodListMode = mode;
-        context().markModified();
-    }
+    if (model::setFoodListMode(context().store().journal.user, mode))
+        context().notifyChanged(ui::Change::Profile);
 }
 
 void FoodPage::rebuildMeal()
@@ -209,7 +207,7 @@ void FoodPage::rebuildMeal()
     m_mealList->clear();
     if (meal) {
         for (const MealRow& row : mealRows(context().store(), *meal)) {
-            auto* item = new QListWidgetItem(toQt(row.text));
+            auto* item = new QListWidgetItem(ui::toQt(row.text));
             item->setData(Qt::UserRole, static_cast<int>(row.entry));
             item->setData(Qt::UserRole + 1, row.food);
             m_mealList->addItem(item);
@@ -256,7 +254,7 @@ void FoodPage::updateDisplays()
     else
         m_panel->clearDetails();
 
-    const model::JournalDay* day = findJournalDay(store.journal, currentDate());
+    const model::JournalDay* day = model::findDay(store.journal, currentDate());
     const model::Meal* meal = day ? day->findMeal(currentMealKind()) : nullptr;
     const std::int32_t modes[2] = {user.pie1Mode, user.pie2Mode};
     for (int i = 0; i < 2; ++i) {
@@ -271,7 +269,7 @@ void FoodPage::updateDisplays()
         case PieMode::Day:
             m_panel->setPie(
                 i, dayShares(store, day),
-                toQt(model::shortDateText(currentDate().toTime(), user.isMetric(), true)));
+                ui::toQt(model::shortDateText(currentDate().toTime(), user.isMetric(), true)));
             break;
         case PieMode::Goals:
             m_panel->setPie(i, goalShares(user), tr("Goal"));
@@ -301,7 +299,7 @@ void FoodPage::addSelectedFood()
                                       mealTimeOn(currentDate(), t.hour(), t.minute()));
     addToMeal(meal, number, amount);
     store.journal.user.noteRecentFood(number);
-    context().markModified();
+    context().notifyChanged(ui::Change::Journal);
     if (m_chooser->mode() == FoodListMode::Recent)
         m_chooser->refresh();
     m_highlight = Highlight::Food;
@@ -317,14 +315,14 @@ void FoodPage::removeSelectedEntry()
     if (!update::confirmDelete(this, update::MsgDeleteFoodItem))
         return;
     if (removeMealEntry(context().store().journal, currentDate(), currentMealKind(), entry))
-        context().markModified();
+        context().notifyChanged(ui::Change::Journal);
     rebuildMeal();
 }
 
 int FoodPage::copyMealFrom(const model::CalendarDate& date, int kind)
 {
     model::Store& store = context().store();
-    const model::JournalDay* day = findJournalDay(store.journal, date);
+    const model::JournalDay* day = model::findDay(store.journal, date);
     const model::Meal* source = day ? day->findMeal(kind) : nullptr;
     if (!source || source->entries.empty())
         return 0;
@@ -334,7 +332,7 @@ int FoodPage::copyMealFrom(const model::CalendarDate& date, int kind)
     model::Meal& meal = mealForAdding(store.journal, currentDate(), currentMealKind(),
                                       mealTimeOn(currentDate(), t.hour(), t.minute()));
     const int copied = copyMealEntries(from, meal);
-    context().markModified();
+    context().notifyChanged(ui::Change::Journal);
     rebuildMeal();
     return copied;
 }
@@ -343,13 +341,10 @@ void FoodPage::onTimeChanged()
 {
     // Only a stored meal takes the new time; for a meal without foods the time waits for the
     // first food.
-    model::JournalDay* day = findJournalDay(context().store().journal, currentDate());
-    model::Meal* meal = day ? day->findMeal(currentMealKind()) : nullptr;
-    if (!meal)
-        return;
     const QTime t = m_time->time();
-    meal->time = mealTimeOn(currentDate(), t.hour(), t.minute());
-    context().markModified();
+    if (model::setMealTime(context().store().journal, currentDate(), currentMealKind(),
+                           mealTimeOn(currentDate(), t.hour(), t.minute())))
+        context().notifyChanged(ui::Change::Journal);
 }
 
 void FoodPage::openDetails(std::int32_t food)

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "app/Page.h"
+#include "ui/Page.h"
 #include "model/DateText.h"
 
 class QComboBox;
@@ -28,12 +28,12 @@ class MacroPanel;
 // an amount; the right half shows the chosen meal with its foods, the details list and the two
 // macronutrient pies. A meal is written into its day as soon as it gets its first food; browsing
 // dates and meals creates nothing.
-class FoodPage : public app::Page
+class FoodPage : public ui::Page
 {
     Q_OBJECT
 
 public:
-    FoodPage(app::AppContext& context, QWidget* parent = nullptr);
+    FoodPage(ui::AppContext& context, QWidget* parent = nullptr);
 
     void refreshPage() override;
     void storePage() override;

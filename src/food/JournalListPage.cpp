@@ -14,14 +14,18 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/ChooseColumnsDialog.h"
 #include "food/logic/JournalRows.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "update/Messages.h"
+#include "ui/QtText.h"
+#include "model/ProfileEdits.h"
 
 namespace velmora::food {
+
+using ui::nutrientName;
 
 namespace {
 
@@ -29,14 +33,6 @@ constexpr int DayRole = Qt::UserRole;
 constexpr int MealRole = Qt::UserRole + 1;
 constexpr int EntryRole = Qt::UserRole + 2;
 constexpr int DefaultFirstColumnWidth = 300;
-
-QString nutrientName(const model::Store& store, model::NutrientId n)
-{
-    const std::string name = store.foods.catalogue().nameOf(n);
-    if (name.empty())
-        return QStringLiteral("Nutrient %1").arg(n);
-    return QString::fromStdString(model::cp1252ToUtf8(name));
-}
 
 JournalRowRef refOf(const QTreeWidgetItem* item)
 {
@@ -49,8 +45,8 @@ JournalRowRef refOf(const QTreeWidgetItem* item)
 
 } // namespace
 
-JournalListPage::JournalListPage(app::AppContext& context, QWidget* parent)
-    : app::Page(context, parent)
+JournalListPage::JournalListPage(ui::AppContext& context, QWidget* parent)
+    : ui::Page(context, parent)
 {
     m_tree = new QTreeWidget(this);
     m_tree->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -187,7 +183,7 @@ bool JournalListPage::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_tree->viewport() && event->type() == QEvent::Resize)
         fitFirstColumn();
-    return app::Page::eventFilter(watched, event);
+    return ui::Page::eventFilter(watched, event);
 }
 
 void JournalListPage::fitFirstColumn()
@@ -213,7 +209,7 @@ void JournalListPage::onDelete()
         return;
     m_tree->clearSelection();
     if (deleteJournalItem(context().store().journal, ref))
-        context().markModified();
+        context().notifyChanged(ui::Change::Journal);
     rebuild();
 }
 
@@ -223,20 +219,15 @@ void JournalListPage::onColumns()
     std::vector<std::pair<QString, int>> items;
     const auto& catalogue = store.foods.catalogue();
     for (const model::NutrientDef& def : catalogue.entries())
-        items.emplace_back(QString::fromStdString(model::cp1252ToUtf8(def.name)), def.number);
+        items.emplace_back(ui::toQt(def.name), def.number);
     model::User& user = store.journal.user;
     std::array<int, 10> chosen{};
     std::copy(user.listColumns.begin(), user.listColumns.end(), chosen.begin());
     ChooseColumnsDialog dialog(items, chosen, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    for (std::size_t k = 0; k < chosen.size(); ++k) {
-        // A slot that shows another nutrient now starts from the default width.
-        if (user.listColumns[k] != chosen[k])
-            user.listColumnWidths[k + 1] = 0;
-        user.listColumns[k] = chosen[k];
-    }
-    context().markModified();
+    model::setListColumns(user, chosen);
+    context().notifyChanged(ui::Change::Profile);
     rebuild();
 }
 
@@ -245,8 +236,9 @@ void JournalListPage::onSectionResized(int column, int, int newSize)
     if (m_building || column < 0 ||
         column >= static_cast<int>(std::tuple_size_v<decltype(model::User::listColumnWidths)>))
         return;
-    context().store().journal.user.listColumnWidths[static_cast<std::size_t>(column)] = newSize;
-    context().markModified();
+    model::setListColumnWidth(context().store().journal.user, static_cast<std::size_t>(column),
+                              newSize);
+    context().notifyChanged(ui::Change::Profile);
 }
 
 void JournalListPage::updateButtons()

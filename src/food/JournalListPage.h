@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Page.h"
+#include "ui/Page.h"
 
 class QPushButton;
 class QTreeWidget;
@@ -9,12 +9,12 @@ namespace velmora::food {
 
 // Page 2: the journal as a list. A row per day with its totals, under it a row per meal, under
 // that a row per food, each with the values of the user's chosen nutrient columns.
-class JournalListPage : public app::Page
+class JournalListPage : public ui::Page
 {
     Q_OBJECT
 
 public:
-    JournalListPage(app::AppContext& context, QWidget* parent = nullptr);
+    JournalListPage(ui::AppContext& context, QWidget* parent = nullptr);
 
     void refreshPage() override;
     void storePage() override;

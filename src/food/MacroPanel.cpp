@@ -8,8 +8,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "controls/PieChart.h"
-#include "food/QtText.h"
+#include "charts/PieChart.h"
+#include "ui/QtText.h"
 #include "food/QuarterColumns.h"
 
 namespace velmora::food {
@@ -30,9 +30,9 @@ MacroPanel::MacroPanel(QWidget* parent) : QWidget(parent)
     toggles->addButton(m_list, 1);
     m_graphs->setChecked(true);
 
-    m_pie1 = new controls::PieChart(this);
+    m_pie1 = new charts::PieChart(this);
     m_pie1->setObjectName(QStringLiteral("pie1"));
-    m_pie2 = new controls::PieChart(this);
+    m_pie2 = new charts::PieChart(this);
     m_pie2->setObjectName(QStringLiteral("pie2"));
     auto* pies = new QWidget(this);
     auto* pieRow = new QHBoxLayout(pies);
@@ -66,7 +66,7 @@ MacroPanel::MacroPanel(QWidget* parent) : QWidget(parent)
 
 void MacroPanel::setPie(int which, const EnergyShares& shares, const QString& title)
 {
-    controls::PieChart* chart = pie(which);
+    charts::PieChart* chart = pie(which);
     chart->removeAllSlices();
     const std::array<double, 3> percents = pieSlicePercents(shares);
     for (std::size_t i = 0; i < percents.size(); ++i)
@@ -82,7 +82,7 @@ void MacroPanel::setDetails(const std::vector<NutrientRow>& rows)
     QList<QTreeWidgetItem*> items;
     items.reserve(static_cast<qsizetype>(rows.size()));
     for (const NutrientRow& r : rows) {
-        auto* item = new QTreeWidgetItem({toQt(r.name), QString::fromStdString(r.value)});
+        auto* item = new QTreeWidgetItem({ui::toQt(r.name), QString::fromStdString(r.value)});
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         items.append(item);
     }

@@ -10,7 +10,7 @@ class QPushButton;
 class QStackedWidget;
 class QTreeWidget;
 
-namespace velmora::controls {
+namespace velmora::charts {
 class PieChart;
 }
 
@@ -33,7 +33,7 @@ public:
     void showPies(bool pies);
     bool piesShown() const;
 
-    controls::PieChart* pie(int which) const { return which == 0 ? m_pie1 : m_pie2; }
+    charts::PieChart* pie(int which) const { return which == 0 ? m_pie1 : m_pie2; }
     QTreeWidget* detailsList() const { return m_details; }
     QPushButton* graphsButton() const { return m_graphs; }
     QPushButton* detailsButton() const { return m_list; }
@@ -42,8 +42,8 @@ private:
     QPushButton* m_graphs = nullptr;
     QPushButton* m_list = nullptr;
     QStackedWidget* m_stack = nullptr;
-    controls::PieChart* m_pie1 = nullptr;
-    controls::PieChart* m_pie2 = nullptr;
+    charts::PieChart* m_pie1 = nullptr;
+    charts::PieChart* m_pie2 = nullptr;
     QTreeWidget* m_details = nullptr;
 };
 

@@ -7,14 +7,15 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/logic/CustomFoods.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
+#include "ui/QtText.h"
 
 namespace velmora::food {
 
-SaveMealDialog::SaveMealDialog(app::AppContext& context, const model::Meal& meal, QWidget* parent)
+SaveMealDialog::SaveMealDialog(ui::AppContext& context, const model::Meal& meal, QWidget* parent)
     : QDialog(parent), m_context(context), m_meal(meal)
 {
     setWindowTitle(QStringLiteral("Save Meal as Custom Food"));
@@ -37,10 +38,10 @@ SaveMealDialog::SaveMealDialog(app::AppContext& context, const model::Meal& meal
 
 void SaveMealDialog::accept()
 {
-    const std::string name = model::utf8ToCp1252(m_name->text().toStdString());
+    const std::string name = ui::fromQt(m_name->text());
     if (saveMealAsCustomFood(m_context.store(), m_meal, name) < 0)
         return; // nothing but blanks: stay open
-    m_context.markModified();
+    m_context.notifyChanged(ui::Change::Definitions);
     QDialog::accept();
 }
 

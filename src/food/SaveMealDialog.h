@@ -6,7 +6,7 @@
 
 class QLineEdit;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 
@@ -19,12 +19,12 @@ class SaveMealDialog : public QDialog
     Q_OBJECT
 
 public:
-    SaveMealDialog(app::AppContext& context, const model::Meal& meal, QWidget* parent = nullptr);
+    SaveMealDialog(ui::AppContext& context, const model::Meal& meal, QWidget* parent = nullptr);
 
     void accept() override;
 
 private:
-    app::AppContext& m_context;
+    ui::AppContext& m_context;
     model::Meal m_meal;
     QLineEdit* m_name = nullptr;
 };

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "model/DataFolder.h"
+#include "model/EatenNutrients.h"
 #include "model/FoodDatabase.h"
 #include "model/Nutrition.h"
 #include "model/Result.h"
@@ -12,88 +14,32 @@
 
 namespace velmora::model {
 
-// The process-wide data store: the food database and the user data together. Pages and dialogs
-// read and edit its records directly; the application loads it at start-up and saves it at
-// shut-down and whenever the logged-in user changes.
+// The process-wide data store: the food database, the shared definitions and the current user's
+// journal, with their lookups. Its files are handled by its DataFolder (reachable as files(), and
+// through the forwarding members below); the clean-up pass is in Normalisation.h; nutrient values
+// of eaten food are free functions in EatenNutrients.h.
 class Store
 {
 public:
+    Store() : m_files(*this) {}
+    // Copies and moves carry the data folder's state along, working on the new store.
+    Store(const Store& other);
+    Store(Store&& other) noexcept;
+    Store& operator=(const Store& other);
+    Store& operator=(Store&& other) noexcept;
+
     FoodDatabase foods;
     SharedData shared;   // "velmora.db"
     UserJournal journal; // the current user's file
 
-    // Where the files are: foodsPath is "foods.db" (may lie beside the program while dataDir is a
-    // per-user folder); dataDir holds "velmora.db" and the users' files.
-    void setPaths(std::filesystem::path foodsPath, std::filesystem::path dataDir);
-    const std::filesystem::path& dataDir() const { return m_dataDir; }
-    const std::filesystem::path& foodsPath() const { return m_foodsPath; }
-    std::filesystem::path sharedPath() const { return m_dataDir / "velmora.db"; }
-    // The file of user k, or nothing when the name cannot safely name a file in the data folder.
-    std::optional<std::filesystem::path> userFilePath(std::size_t k) const;
+    using DamagedFile = DataFolder::DamagedFile;
+    using LoadReport = DataFolder::LoadReport;
 
-    // A file found damaged while loading.
-    struct DamagedFile
-    {
-        enum class Kind
-        {
-            Foods,
-            Shared,
-            User
-        };
-        Kind kind = Kind::Shared;
-        FileError error; // where and why reading stopped
-        std::filesystem::path
-            movedTo; // where the damaged file now lies; empty if it could not be moved
-        std::filesystem::path backup; // "<file>.bak" when it reads completely, else empty
-    };
+    DataFolder& files() { return m_files; }
+    const DataFolder& files() const { return m_files; }
 
-    // What the start-up load found.
-    struct LoadReport
-    {
-        bool foodsLoaded = false;      // "foods.db" read (completely, or salvaged when damaged)
-        bool foodsMissing = false;     // "foods.db" does not exist: nothing was loaded
-        bool sharedLoaded = false;     // "velmora.db" read completely
-        bool exampleCreated = false;   // "velmora.db" missing: the example user was made
-        bool userFileRead = false;     // the current user's file was read completely
-        std::vector<FileError> errors; // damaged or unreadable files (missing files are not errors)
-        std::vector<DamagedFile> damaged; // the damaged ones among them, moved aside
-    };
-
-    // The start-up sequence: "foods.db"; when it is missing or cannot be opened nothing else is
-    // loaded (and nothing may be saved). Then "velmora.db" (or the example user when it is
-    // missing) and its normalisation, then the current user's file and the normalisation again.
-    // Files are read whole into fresh records. A damaged file is moved aside under a name that
-    // says so, and the parts of it that were read completely are used (a list that was only
-    // partly read is dropped whole); the damage is reported. A file that exists but cannot be
-    // opened, or a damaged one that cannot be moved aside, is protected: saves refuse to write
-    // over it.
-    LoadReport load();
-    // Reads the current user's file (creating the example user when no name exists). A missing
-    // file leaves an empty journal and keeps the profile record in memory as it is. Returns
-    // whether the file was read completely; a damaged or unreadable file is reported through
-    // error (and, when damaged, moved aside and salvaged as at start-up; see lastUserDamage()).
-    bool loadCurrentUser(FileError* error = nullptr);
-    // The damage found by the last loadCurrentUser(), if any.
-    const std::optional<DamagedFile>& lastUserDamage() const { return m_lastUserDamage; }
-
-    // Puts the backup of "velmora.db" (or of the current user's file) in place of the file and
-    // reloads it: the shared file with load()'s steps after "foods.db", the user's file with
-    // loadCurrentUser(). The backup must read completely; the file it replaces, if any, is moved
-    // aside first. Fails without changing anything when there is no usable backup.
-    Status restoreSharedBackup();
-    Status restoreUserBackup();
-
-    // Normalises, then writes "velmora.db" atomically, keeping the file it replaces as
-    // "velmora.db.bak"; with release set the lists are emptied after writing (shut-down).
-    // Refuses (CannotWrite) while nothing was loaded or the file is protected.
-    Status saveShared(bool release);
-    // Writes the current user's file atomically when at least one user name exists, keeping the
-    // replaced file as "<name>.db.bak"; with release set the days are freed afterwards. Refuses
-    // while nothing was loaded or the file is protected.
-    Status saveCurrentUser(bool release);
-
-    // The clean-up pass: dangling identifiers removed, duplicate custom foods dropped, definition
-    // lists sorted by name (exchange sort, byte-wise unsigned comparison).
+    // The normalisation of Normalisation.h on the live records. The program applies it at its
+    // own moments (loading, a change of user, the refresh of all pages); saving never does.
     void normalise();
 
     // Lookups: linear, first match.
@@ -104,45 +50,49 @@ public:
     Routine* findRoutine(std::int32_t id);
     UserVariable* findVariable(std::int32_t id);
 
-    // Nutrient values of eaten food (entries whose food does not exist count as nothing).
-    double value(const FoodEntry& entry, NutrientId n) const;
-    double value(const Meal& meal, NutrientId n) const;
-    double value(const JournalDay& day, NutrientId n) const; // all entries of all meals
-    std::vector<ResolvedEntry> resolve(const Meal& meal) const;
-    std::vector<ResolvedEntry> resolve(const JournalDay& day) const;
-    // The journal's serving text of an entry; empty when the food is unknown.
-    std::string servingText(const FoodEntry& entry) const;
-
     // Current user's name, or an empty text when there is none.
     std::string currentUserName() const;
 
-    // True while a file that could not be read is protected from being written over.
-    bool sharedProtected() const { return m_sharedDamaged; }
-    bool userFileProtected() const { return m_userDamaged; }
-    // True once the user data was loaded (or made afresh), so that saving cannot write empty
-    // records over real files.
-    bool loaded() const { return m_loaded; }
-    // True when the records differ from what was last read from or written to the files (or the
-    // files are missing). Serialises both, which takes about a millisecond per ten years of
-    // journal. Saves skip a file whose content has not changed, so the backup keeps the last
-    // different version.
-    bool hasUnsavedChanges();
+    // Nutrient values of eaten food; see EatenNutrients.h.
+    double value(const FoodEntry& entry, NutrientId n) const { return eatenValue(*this, entry, n); }
+    double value(const Meal& meal, NutrientId n) const { return eatenValue(*this, meal, n); }
+    double value(const JournalDay& day, NutrientId n) const { return eatenValue(*this, day, n); }
+    std::vector<ResolvedEntry> resolve(const Meal& meal) const
+    {
+        return resolveEntries(*this, meal);
+    }
+    std::vector<ResolvedEntry> resolve(const JournalDay& day) const
+    {
+        return resolveEntries(*this, day);
+    }
+    std::string servingText(const FoodEntry& entry) const { return entryServingText(*this, entry); }
+
+    // The data folder's operations; see DataFolder.
+    void setPaths(std::filesystem::path foodsPath, std::filesystem::path dataDir)
+    {
+        m_files.setPaths(std::move(foodsPath), std::move(dataDir));
+    }
+    const std::filesystem::path& dataDir() const { return m_files.dataDir(); }
+    const std::filesystem::path& foodsPath() const { return m_files.foodsPath(); }
+    std::filesystem::path sharedPath() const { return m_files.sharedPath(); }
+    std::optional<std::filesystem::path> userFilePath(std::size_t k) const
+    {
+        return m_files.userFilePath(k);
+    }
+    LoadReport load() { return m_files.load(); }
+    bool loadCurrentUser(FileError* error = nullptr) { return m_files.loadCurrentUser(error); }
+    const std::optional<DamagedFile>& lastUserDamage() const { return m_files.lastUserDamage(); }
+    Status restoreSharedBackup() { return m_files.restoreSharedBackup(); }
+    Status restoreUserBackup() { return m_files.restoreUserBackup(); }
+    Status saveShared(Release release) { return m_files.saveShared(release); }
+    Status saveCurrentUser(Release release) { return m_files.saveCurrentUser(release); }
+    bool sharedProtected() const { return m_files.sharedProtected(); }
+    bool userFileProtected() const { return m_files.userFileProtected(); }
+    bool loaded() const { return m_files.loaded(); }
+    bool hasUnsavedChanges() const { return m_files.hasUnsavedChanges(); }
 
 private:
-    std::filesystem::path m_foodsPath;
-    std::filesystem::path m_dataDir;
-    bool loadShared(LoadReport& report);
-    // Reads a damaged file's salvage, moves the file aside and describes it.
-    DamagedFile setAside(DamagedFile::Kind kind, const std::filesystem::path& path,
-                         const FileError& error);
-
-    bool m_sharedDamaged = false;
-    bool m_userDamaged = false;
-    bool m_loaded = false;
-    std::optional<DamagedFile> m_lastUserDamage;
-    std::size_t m_sharedHash = 0; // hash of the bytes last read from or written to "velmora.db"
-    std::size_t m_userHash = 0;   // the same for the current user's file
-    std::filesystem::path m_userHashPath;
+    DataFolder m_files;
 };
 
 } // namespace velmora::model

@@ -10,19 +10,19 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "model/Store.h"
 
 namespace velmora::test {
 
 // A context for pages and dialogs tested without the main window: a store of its own, and a
-// count of the writes reported through markModified().
-class TestContext : public app::AppContext
+// count of the writes reported through notifyChanged().
+class TestContext : public ui::AppContext
 {
 public:
     model::Store& store() override { return m_store; }
     void refreshAllPages() override {}
-    void markModified() override { ++modified; }
+    void notifyChanged(ui::Change) override { ++modified; }
     void showStatus(const QString&) override {}
     QWidget* mainWindow() override { return nullptr; }
 

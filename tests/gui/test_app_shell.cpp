@@ -13,7 +13,7 @@
 #include "app/LeftForm.h"
 #include "app/MainWindow.h"
 #include "app/OptionsDialog.h"
-#include "app/Page.h"
+#include "ui/Page.h"
 #include "app/PageHost.h"
 #include "update/Messages.h"
 #include "update/TipDialog.h"
@@ -31,7 +31,7 @@ QList<int> checkedPages(const app::LeftForm& form)
     QList<int> pages;
     for (const auto& b : app::LeftForm::Buttons) {
         if (form.buttonForCommand(b.commandId)->isChecked())
-            pages.append(b.page);
+            pages.append(ui::pageIndex(b.page));
     }
     return pages;
 }
@@ -64,7 +64,7 @@ private slots:
         QList<int> shown;
         for (const auto& b : app::LeftForm::Buttons) {
             ids.append(b.commandId);
-            shown.append(b.page);
+            shown.append(ui::pageIndex(b.page));
         }
         QCOMPARE(ids, (QList<int>{1017, 1001, 1002, 1000, 1018, 1019}));
         QCOMPARE(shown, (QList<int>{3, 1, 4, 0, 2, 5}));
@@ -76,8 +76,8 @@ private slots:
         for (const auto& b : app::LeftForm::Buttons) {
             window.showStatus(QStringLiteral("something"));
             form.buttonForCommand(b.commandId)->click();
-            QCOMPARE(window.pageHost()->currentIndex(), b.page);
-            QCOMPARE(checkedPages(form), QList<int>{b.page});
+            QCOMPARE(window.pageHost()->currentIndex(), ui::pageIndex(b.page));
+            QCOMPARE(checkedPages(form), QList<int>{ui::pageIndex(b.page)});
             QCOMPARE(window.statusBar()->currentMessage(), QString());
             // The shown page is the one of that index.
             auto* stack = window.pageHost()->findChild<QStackedWidget*>();
@@ -86,7 +86,7 @@ private slots:
         // Clicking the selected button again keeps it selected.
         form.buttonForCommand(1019)->click();
         QCOMPARE(checkedPages(form), QList<int>{5});
-        window.showPage(0);
+        window.showPage(ui::PageId::Food);
         QCOMPARE(checkedPages(form), QList<int>{0});
     }
 

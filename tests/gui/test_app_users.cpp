@@ -388,7 +388,7 @@ private slots:
         ModalScript script;
         script.expect(QStringLiteral("Velmora"),
                       [](QWidget* w) { click(w, QStringLiteral("OK")); });
-        QVERIFY(!app.window()->session().save(false));
+        QVERIFY(!app.window()->session().save(model::Release::No));
         QTRY_VERIFY(script.finished());
         QCOMPARE(script.messages().size(), 1);
         QVERIFY(script.messages().first().startsWith(

@@ -14,7 +14,7 @@
 #include <QTimer>
 #include <QtTest>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/CustomFoodsDialog.h"
 #include "food/SaveMealDialog.h"
 #include "food/logic/CustomFoods.h"

@@ -18,10 +18,10 @@
 #include <cmath>
 #include <filesystem>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "controls/AmountSpinBox.h"
-#include "controls/PieChart.h"
-#include "food/BarChart.h"
+#include "charts/PieChart.h"
+#include "charts/BarChart.h"
 #include "food/CopyMealDialog.h"
 #include "food/FoodChooser.h"
 #include "food/FoodDetailsDialog.h"
@@ -88,7 +88,7 @@ std::vector<int> expectedAngles(double fat, double carb, double protein)
     return out;
 }
 
-std::vector<int> anglesOf(const controls::PieChart* pie)
+std::vector<int> anglesOf(const charts::PieChart* pie)
 {
     std::vector<int> out;
     for (const auto& s : pie->slices())
@@ -408,7 +408,7 @@ void FoodPageTest::copyMealFromEarlierDay()
     m_page->copyMealButton()->click();
     QVERIFY(script.finished());
     QCOMPARE(m_page->mealList()->count(), 2);
-    const model::Meal& breakfast = *food::findJournalDay(store.journal, {2026, 3, 14})->findMeal(0);
+    const model::Meal& breakfast = *model::findDay(store.journal, {2026, 3, 14})->findMeal(0);
     QCOMPARE(breakfast.entries.at(0).amount, 1.0f); // 0.5 + 0.5 summed
     QCOMPARE(breakfast.entries.at(1).food, 9003);
     QCOMPARE(store.journal.days.size(), std::size_t(3));

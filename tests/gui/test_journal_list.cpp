@@ -16,7 +16,7 @@
 #include <QTreeWidget>
 #include <QtTest>
 
-#include "app/AppContext.h"
+#include "ui/AppContext.h"
 #include "food/ChooseColumnsDialog.h"
 #include "food/ConfigureDisplaysDialog.h"
 #include "food/JournalListPage.h"

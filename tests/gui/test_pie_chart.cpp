@@ -7,14 +7,14 @@
 
 #include <cmath>
 
-#include "controls/PieChart.h"
+#include "charts/PieChart.h"
 
-using velmora::controls::PieChart;
+using velmora::charts::PieChart;
 
 namespace {
 
 // The colour painted at an angle (degrees clockwise from twelve) and a share of the radius.
-QColor colourAt(const QImage& image, const velmora::food::PieRect& square, double degrees,
+QColor colourAt(const QImage& image, const velmora::charts::PieRect& square, double degrees,
                 double radiusShare)
 {
     const double r = square.width() * 0.5 * radiusShare;
@@ -68,16 +68,16 @@ void PieChartTest::titleMovesTheSquareDown()
 {
     PieChart chart;
     chart.resize(250, 200);
-    QCOMPARE(chart.pieSquare(), (velmora::food::PieRect{0, 0, 200, 200}));
+    QCOMPARE(chart.pieSquare(), (velmora::charts::PieRect{0, 0, 200, 200}));
     chart.setTitle(QStringLiteral("Meal"));
     const int h = QFontMetrics(PieChart::titleFont()).boundingRect(QStringLiteral("Meal")).height();
     QVERIFY(h > 0);
-    const velmora::food::PieRect square = chart.pieSquare();
+    const velmora::charts::PieRect square = chart.pieSquare();
     QCOMPARE(square.top, 2 * h);
     QCOMPARE(square.bottom, 200);
     QCOMPARE(square.width(), 200 - 2 * h);
     chart.setTitle(QString());
-    QCOMPARE(chart.pieSquare(), (velmora::food::PieRect{0, 0, 200, 200}));
+    QCOMPARE(chart.pieSquare(), (velmora::charts::PieRect{0, 0, 200, 200}));
 }
 
 void PieChartTest::sectorsRunClockwiseFromTwelve()
@@ -87,7 +87,7 @@ void PieChartTest::sectorsRunClockwiseFromTwelve()
     chart.addSlice(QColor(0, 0, 255), 0, 25.0, QStringLiteral("Quarter"), true); // 0..90
     chart.addSlice(QColor(255, 0, 0), 0, 25.0, QStringLiteral("Next"), true);    // 90..180
     const QImage image = paint(chart);
-    const velmora::food::PieRect square = chart.pieSquare();
+    const velmora::charts::PieRect square = chart.pieSquare();
     QCOMPARE(colourAt(image, square, 45, 0.9), QColor(0, 0, 255));       // upper right
     QCOMPARE(colourAt(image, square, 135, 0.9), QColor(255, 0, 0));      // lower right
     QCOMPARE(colourAt(image, square, 225, 0.9), PieChart::discColour()); // lower left: background
@@ -100,7 +100,7 @@ void PieChartTest::fullSliceLeavesABackgroundSliver()
     chart.resize(450, 400);
     chart.addSlice(QColor(255, 0, 0), 0, 100.0, QStringLiteral("All"), true);
     const QImage image = paint(chart);
-    const velmora::food::PieRect square = chart.pieSquare();
+    const velmora::charts::PieRect square = chart.pieSquare();
     QCOMPARE(colourAt(image, square, 10, 0.9), QColor(255, 0, 0));
     QCOMPARE(colourAt(image, square, 180, 0.9), QColor(255, 0, 0));
     QCOMPARE(colourAt(image, square, 350, 0.9), QColor(255, 0, 0));

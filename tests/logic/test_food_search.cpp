@@ -188,7 +188,7 @@ TEST(MealEditing, MealsAreStoredWithTheirFirstFoodAndTidiedWhenEmptied)
 {
     model::Store s = smallStore();
     const model::CalendarDate date{2026, 3, 14};
-    EXPECT_EQ(food::findJournalDay(s.journal, date), nullptr);
+    EXPECT_EQ(model::findDay(s.journal, date), nullptr);
     model::Meal& lunch = food::mealForAdding(s.journal, date, 2, food::mealTimeOn(date, 12, 30));
     food::addToMeal(lunch, 1123, 1.0f);
     ASSERT_EQ(s.journal.days.size(), 1u);

@@ -41,12 +41,12 @@ std::string slurp(const fs::path& p)
     return ss.str();
 }
 
-CliRun cli(const TempDir& dir, const std::string& args)
+CliRun cli(const TempDir& dir, const std::string& args, const fs::path& program = VELMORA_CLI)
 {
     const fs::path out = dir / "stdout.txt";
     const fs::path err = dir / "stderr.txt";
-    const std::string command =
-        quote(VELMORA_CLI) + " " + args + " >" + quote(out.string()) + " 2>" + quote(err.string());
+    const std::string command = quote(program.string()) + " " + args + " >" + quote(out.string()) +
+                                " 2>" + quote(err.string());
     const int status = std::system(command.c_str());
     CliRun r{WIFEXITED(status) ? WEXITSTATUS(status) : -1, slurp(out), slurp(err)};
     fs::remove(out);
@@ -145,7 +145,8 @@ TEST(Cli, ResaveLoadsAndSavesTheDataFolder)
 {
     TempDir dir;
     fs::copy(Canonical, dir.path(), fs::copy_options::recursive);
-    CliRun r = cli(dir, "resave --data-dir " + quote(dir.path().string()));
+    CliRun r = cli(dir, "resave --data-dir " + quote(dir.path().string()) + " --foods " +
+                            quote((dir / "foods.db").string()));
     ASSERT_EQ(r.exitCode, 0) << r.err;
     // The fixtures are already normalised: both files come back unchanged.
     EXPECT_EQ(readBytes(dir / "velmora.db"), handMadeShared());
@@ -158,10 +159,25 @@ TEST(Cli, ResaveLoadsAndSavesTheDataFolder)
     EXPECT_TRUE(fs::exists(empty / "velmora.db"));
     EXPECT_TRUE(fs::exists(empty / "Example User.db"));
 
+    // A data folder without "foods.db" uses the one beside the program, as the program does.
     TempDir nofoods;
-    r = cli(nofoods, "resave --data-dir " + quote(nofoods.path().string()));
-    EXPECT_NE(r.exitCode, 0);
-    EXPECT_FALSE(fs::exists(nofoods / "velmora.db"));
+    fs::create_directory(nofoods / "bin");
+    fs::copy_file(VELMORA_CLI, nofoods / "bin" / "velmora-cli");
+    writeBytes(nofoods / "bin" / "foods.db", handMadeFoods());
+    fs::create_directory(nofoods / "data");
+    r = cli(nofoods, "resave --data-dir " + quote((nofoods / "data").string()),
+            nofoods / "bin" / "velmora-cli");
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_TRUE(fs::exists(nofoods / "data" / "velmora.db"));
+
+    // A named food database is the only one: when it is missing nothing is loaded or written.
+    TempDir named;
+    r = cli(named, "resave --data-dir " + quote(named.path().string()) + " --foods " +
+                       quote((named / "missing.db").string()));
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_FALSE(fs::exists(named / "velmora.db"));
+    r = cli(named, "resave --data-dir " + quote(named.path().string()) + " --foods");
+    EXPECT_EQ(r.exitCode, 2);
 }
 
 TEST(Cli, ResaveReportsADamagedFileKeepsItAsideAndSavesWhatWasWhole)

@@ -8,6 +8,7 @@
 #include "model/SafeFile.h"
 #include "model/Store.h"
 #include "model/UserNames.h"
+#include "support/DataFolderFixture.h"
 #include "support/Fixtures.h"
 #include "support/TempDir.h"
 
@@ -16,13 +17,6 @@ using namespace velmora::test;
 namespace fs = std::filesystem;
 
 namespace {
-
-Store storeIn(const TempDir& dir)
-{
-    Store s;
-    s.setPaths(dir / "foods.db", dir.path());
-    return s;
-}
 
 // The files in dir whose names start with prefix.
 std::vector<fs::path> filesStartingWith(const TempDir& dir, const std::string& prefix)
@@ -72,7 +66,7 @@ TEST(DamagedFiles, SharedFileIsMovedAsideAndWholePartsAreKept)
     EXPECT_EQ(s.journal.days.size(), 2u);
 
     // Saving writes a fresh file and leaves the damaged one where it was moved.
-    ASSERT_TRUE(s.saveShared(false).ok());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
     EXPECT_TRUE(SharedData::parse(readBytes(dir / "velmora.db"), "velmora.db").ok());
     EXPECT_EQ(readBytes(d.movedTo), damaged);
 }
@@ -91,7 +85,7 @@ TEST(DamagedFiles, UserFileIsMovedAsideAndTheBackupCanBeRestored)
         Store s = storeIn(dir);
         ASSERT_TRUE(s.load().userFileRead);
         s.journal.days[1].notes[0] = "a new note";
-        ASSERT_TRUE(s.saveCurrentUser(false).ok());
+        ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
         EXPECT_EQ(readBytes(dir / "Bert.db.bak"), good);
     }
 
@@ -178,8 +172,8 @@ TEST(SavingGuards, NothingIsSavedWhenTheFoodDatabaseIsMissing)
     const auto report = s.load();
     EXPECT_TRUE(report.foodsMissing);
     EXPECT_FALSE(s.loaded());
-    EXPECT_FALSE(s.saveShared(true).ok());
-    s.saveCurrentUser(true); // no user was loaded: there is nothing to write
+    EXPECT_FALSE(s.saveShared(Release::Yes).ok());
+    s.saveCurrentUser(Release::Yes); // no user was loaded: there is nothing to write
     EXPECT_EQ(readBytes(dir / "velmora.db"), shared);
     EXPECT_EQ(filesStartingWith(dir, "").size(), 1u);
     EXPECT_FALSE(fs::exists(dir / "velmora.db.bak"));
@@ -191,18 +185,18 @@ TEST(SavingGuards, EverySaveKeepsOneBackupGeneration)
     writeBytes(dir / "foods.db", handMadeFoods());
     Store s = storeIn(dir);
     s.load();
-    ASSERT_TRUE(s.saveShared(false).ok());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
     EXPECT_FALSE(fs::exists(dir / "velmora.db.bak")); // nothing was replaced
     const auto first = readBytes(dir / "velmora.db");
 
     s.shared.userNames.push_back("Anna");
-    ASSERT_TRUE(s.saveShared(false).ok());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
     EXPECT_EQ(readBytes(dir / "velmora.db.bak"), first);
     const auto second = readBytes(dir / "velmora.db");
     EXPECT_NE(second, first);
 
     s.shared.userNames.push_back("Carl");
-    ASSERT_TRUE(s.saveShared(false).ok());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
     EXPECT_EQ(readBytes(dir / "velmora.db.bak"), second);
     // No temporary files are left behind.
     EXPECT_EQ(filesStartingWith(dir, ".velmora").size(), 0u);
@@ -230,10 +224,10 @@ TEST(HostileNames, AUserNameFromTheFileNeverReachesOutsideTheDataFolder)
     EXPECT_EQ(s.shared.userNames[0], "../outside");
     EXPECT_TRUE(s.journal.days.empty());
     s.journal.days.resize(1);
-    EXPECT_FALSE(s.saveCurrentUser(false).ok());
+    EXPECT_FALSE(s.saveCurrentUser(Release::No).ok());
     EXPECT_EQ(UserJournal::parse(readBytes(root / "outside.db"), "x").value().days.size(), 3u);
     // The shared file itself may still be saved, names as they are.
-    ASSERT_TRUE(s.saveShared(false).ok());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
 }
 
 TEST(HostileNames, ReservedAndEmptyNamesAreRefused)
@@ -260,22 +254,20 @@ TEST(HostileNames, NamesBeyondAsciiNameValidFiles)
 TEST(SavingGuards, UnchangedFilesAreNotRewrittenSoTheBackupKeepsTheLastDifferentVersion)
 {
     TempDir dir;
-    writeBytes(dir / "foods.db", handMadeFoods());
-    writeBytes(dir / "velmora.db", handMadeShared());
-    writeBytes(dir / "Bert.db", handMadeUserFile());
+    writeHandMadeFolder(dir);
     Store s = storeIn(dir);
     s.load();
     EXPECT_FALSE(s.hasUnsavedChanges()); // the fixtures are already normalised
 
     s.journal.days.pop_back();
     EXPECT_TRUE(s.hasUnsavedChanges());
-    ASSERT_TRUE(s.saveCurrentUser(false).ok());
-    ASSERT_TRUE(s.saveShared(false).ok());
+    ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
     EXPECT_FALSE(s.hasUnsavedChanges());
     const auto saved = readBytes(dir / "Bert.db");
 
     // Saving again without a change leaves both the file and its backup alone.
-    ASSERT_TRUE(s.saveCurrentUser(false).ok());
+    ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
     EXPECT_EQ(readBytes(dir / "Bert.db.bak"), handMadeUserFile());
     EXPECT_EQ(readBytes(dir / "Bert.db"), saved);
     EXPECT_FALSE(fs::exists(dir / "velmora.db.bak"));
@@ -283,6 +275,24 @@ TEST(SavingGuards, UnchangedFilesAreNotRewrittenSoTheBackupKeepsTheLastDifferent
     // A file removed behind the program's back is written again.
     fs::remove(dir / "velmora.db");
     EXPECT_TRUE(s.hasUnsavedChanges());
-    ASSERT_TRUE(s.saveShared(false).ok());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
     EXPECT_EQ(readBytes(dir / "velmora.db"), handMadeShared());
+}
+
+TEST(DamagedFiles, AUserFileCutInsideItsProfileLeavesTheProfileInMemoryAsItWas)
+{
+    TempDir dir;
+    writeBytes(dir / "foods.db", handMadeFoods());
+    writeBytes(dir / "velmora.db", handMadeShared());
+    auto cut = handMadeUserFile();
+    cut.resize(handMadeUserRecord().size() - 1); // every field but the last one's final byte
+    writeBytes(dir / "Bert.db", cut);
+    Store s = storeIn(dir);
+    const auto report = s.load();
+    EXPECT_FALSE(report.userFileRead);
+    ASSERT_EQ(report.damaged.size(), 1u);
+    // The half-read record is not used: the profile stays as it was in memory.
+    EXPECT_EQ(s.journal.user.height, User{}.height);
+    EXPECT_NE(User{}.height, 170);
+    EXPECT_TRUE(s.journal.days.empty());
 }

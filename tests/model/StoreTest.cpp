@@ -4,22 +4,12 @@
 #include "model/SafeFile.h"
 #include "model/Store.h"
 #include "support/Builders.h"
+#include "support/DataFolderFixture.h"
 #include "support/Fixtures.h"
 #include "support/TempDir.h"
 
 using namespace velmora::model;
 using namespace velmora::test;
-
-namespace {
-
-Store storeIn(const TempDir& dir)
-{
-    Store s;
-    s.setPaths(dir / "foods.db", dir.path());
-    return s;
-}
-
-} // namespace
 
 TEST(Normalise, DropsDanglingIdentifiersInOrder)
 {
@@ -140,8 +130,8 @@ TEST(StoreLoad, MissingVelmoraDbCreatesTheExampleUserAndSavesIt)
     EXPECT_EQ(s.journal.user.goalNutrients,
               (std::vector<NutrientId>{208, 203, 205, 204, 291, 100, 101, 102}));
 
-    ASSERT_TRUE(s.saveShared(true).ok());
-    ASSERT_TRUE(s.saveCurrentUser(true).ok());
+    ASSERT_TRUE(s.saveShared(Release::Yes).ok());
+    ASSERT_TRUE(s.saveCurrentUser(Release::Yes).ok());
     EXPECT_TRUE(s.shared.exercises.empty()); // released
     EXPECT_TRUE(std::filesystem::exists(dir / "Example User.db"));
 
@@ -156,9 +146,7 @@ TEST(StoreLoad, MissingVelmoraDbCreatesTheExampleUserAndSavesIt)
 TEST(StoreLoad, ReadsTheCurrentUsersFileAndKeepsTheProfileWhenItIsMissing)
 {
     TempDir dir;
-    writeBytes(dir / "foods.db", handMadeFoods());
-    writeBytes(dir / "velmora.db", handMadeShared());
-    writeBytes(dir / "Bert.db", handMadeUserFile());
+    writeHandMadeFolder(dir);
     Store s = storeIn(dir);
     const auto report = s.load();
     EXPECT_TRUE(report.sharedLoaded);
@@ -195,7 +183,7 @@ TEST(StoreSave, UnsafeUserNamesNeverBecomePaths)
     EXPECT_FALSE(s.userFilePath(4));
     EXPECT_FALSE(s.userFilePath(5));
     s.shared.currentUser = 0;
-    EXPECT_EQ(s.saveCurrentUser(false).error().code, FileErrorCode::UnsafeName);
+    EXPECT_EQ(s.saveCurrentUser(Release::No).error().code, FileErrorCode::UnsafeName);
 }
 
 TEST(SafeFile, FailedWriteKeepsTheOldFile)
@@ -218,4 +206,39 @@ TEST(SafeFile, FailedWriteKeepsTheOldFile)
         files += e.is_regular_file() ? 1 : 0;
     EXPECT_EQ(files, 1);
     EXPECT_EQ(readWholeFile(dir / "nothing.db").error().code, FileErrorCode::NotFound);
+}
+
+TEST(StoreSave, SavingWritesANormalisedCopyAndLeavesTheLiveListsAsTheyAre)
+{
+    TempDir dir;
+    writeHandMadeFolder(dir);
+    Store s = storeIn(dir);
+    ASSERT_TRUE(s.load().userFileRead);
+    // A dialog holds positions in the lists: new records at the end, out of name order, and a
+    // workout of a routine that is gone.
+    const auto cat = standardCatalogue();
+    s.shared.customFoods.push_back(FoodBuilder(cat, 70010, "Apple").serving(1));
+    s.shared.variables.push_back({90, "Aardvark"});
+    WorkoutEntry stale;
+    stale.routine = 4242;
+    s.journal.days[0].workouts.push_back(stale);
+    const SharedData before = s.shared;
+    const std::vector<JournalDay> daysBefore = s.journal.days;
+
+    EXPECT_TRUE(s.hasUnsavedChanges());
+    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
+    EXPECT_FALSE(s.hasUnsavedChanges());
+    EXPECT_EQ(s.shared.customFoods.back().name, "Apple");
+    EXPECT_EQ(s.shared.variables.back().name, "Aardvark");
+    EXPECT_EQ(s.shared.serialize(), before.serialize());
+    EXPECT_EQ(s.journal.days.size(), daysBefore.size());
+    EXPECT_EQ(s.journal.days[0].workouts.size(), daysBefore[0].workouts.size());
+
+    // The files hold what the program's own normalisation makes of the records, as the save at
+    // shut-down writes them.
+    s.normalise();
+    EXPECT_EQ(readBytes(dir / "velmora.db"), s.shared.serialize());
+    EXPECT_EQ(readBytes(dir / "Bert.db"), s.journal.serialize());
+    EXPECT_EQ(s.shared.variables.front().name, "Aardvark");
 }

@@ -31,7 +31,8 @@ int main(int argc, char** argv)
         ++k;
         test::applyGeneration(store.shared, k);
         test::applyGeneration(store.journal, k);
-        if (!store.saveShared(false).ok() || !store.saveCurrentUser(false).ok())
+        if (!store.saveShared(model::Release::No).ok() ||
+            !store.saveCurrentUser(model::Release::No).ok())
             return 1;
     }
 }

@@ -1,5 +1,7 @@
 #include "food/logic/JournalRows.h"
 
+#include "model/JournalEdits.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -123,26 +125,12 @@ std::string columnValueText(double value)
 
 bool deleteJournalItem(model::UserJournal& journal, const JournalRowRef& ref)
 {
-    if (ref.day >= journal.days.size())
-        return false;
-    model::JournalDay& day = journal.days[ref.day];
-    if (ref.meal < 0) {
-        day.meals.clear();
-    } else {
-        if (ref.meal >= static_cast<int>(day.meals.size()))
-            return false;
-        auto meal = day.meals.begin() + ref.meal;
-        if (ref.entry >= 0) {
-            if (ref.entry >= static_cast<int>(meal->entries.size()))
-                return false;
-            meal->entries.erase(meal->entries.begin() + ref.entry);
-        }
-        if (ref.entry < 0 || meal->entries.empty())
-            day.meals.erase(meal);
-    }
-    if (day.isEmpty())
-        journal.days.erase(journal.days.begin() + static_cast<std::ptrdiff_t>(ref.day));
-    return true;
+    if (ref.meal < 0)
+        return model::removeMeals(journal, ref.day);
+    const auto meal = static_cast<std::size_t>(ref.meal);
+    if (ref.entry < 0)
+        return model::removeMeal(journal, ref.day, meal);
+    return model::removeEntry(journal, ref.day, meal, static_cast<std::size_t>(ref.entry));
 }
 
 } // namespace velmora::food

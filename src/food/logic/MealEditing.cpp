@@ -50,17 +50,6 @@ std::vector<MealRow> mealRows(const model::Store& store, const model::Meal& meal
     return rows;
 }
 
-void addToMeal(model::Meal& meal, std::int32_t food, float amount)
-{
-    for (model::FoodEntry& e : meal.entries) {
-        if (e.food == food) {
-            e.amount += amount;
-            return;
-        }
-    }
-    meal.entries.push_back({food, amount});
-}
-
 std::vector<NutrientRow> detailsRows(const model::NutrientCatalogue& catalogue,
                                      const model::FoodItem& food, double amount,
                                      const std::vector<model::NutrientId>& list)
@@ -147,55 +136,6 @@ std::array<double, 3> pieSlicePercents(const EnergyShares& shares)
         return {0, 0, 0};
     return {shares.protein / sum * 100.0, shares.carbohydrate / sum * 100.0,
             shares.fat / sum * 100.0};
-}
-
-model::JournalDay* findJournalDay(model::UserJournal& journal, const model::CalendarDate& date)
-{
-    for (model::JournalDay& d : journal.days)
-        if (model::CalendarDate::fromTime(d.date) == date)
-            return &d;
-    return nullptr;
-}
-
-const model::JournalDay* findJournalDay(const model::UserJournal& journal,
-                                        const model::CalendarDate& date)
-{
-    return findJournalDay(const_cast<model::UserJournal&>(journal), date);
-}
-
-model::Meal& mealForAdding(model::UserJournal& journal, const model::CalendarDate& date, int kind,
-                           model::TimeT mealTime)
-{
-    model::JournalDay* day = findJournalDay(journal, date);
-    if (!day) {
-        model::JournalDay fresh;
-        fresh.date = date.toTime();
-        journal.days.push_back(std::move(fresh));
-        day = &journal.days.back();
-    }
-    if (model::Meal* meal = day->findMeal(kind))
-        return *meal;
-    model::Meal meal;
-    meal.kind = static_cast<std::uint8_t>(kind);
-    meal.time = mealTime;
-    day->meals.push_back(std::move(meal));
-    return day->meals.back();
-}
-
-bool removeMealEntry(model::UserJournal& journal, const model::CalendarDate& date, int kind,
-                     std::size_t entry)
-{
-    model::JournalDay* day = findJournalDay(journal, date);
-    model::Meal* meal = day ? day->findMeal(kind) : nullptr;
-    if (!meal || entry >= meal->entries.size())
-        return false;
-    meal->entries.erase(meal->entries.begin() + static_cast<std::ptrdiff_t>(entry));
-    if (meal->entries.empty()) {
-        std::erase_if(day->meals, [meal](const model::Meal& m) { return &m == meal; });
-        if (day->isEmpty())
-            std::erase_if(journal.days, [day](const model::JournalDay& d) { return &d == day; });
-    }
-    return true;
 }
 
 model::TimeT mealTimeOn(const model::CalendarDate& date, int hour, int minute)

@@ -7,6 +7,7 @@
 
 #include "model/DateText.h"
 #include "model/Journal.h"
+#include "model/JournalEdits.h"
 #include "model/Nutrients.h"
 
 namespace velmora::model {
@@ -42,10 +43,6 @@ struct MealRow
 };
 // The rows of a meal in meal order; entries whose food no longer exists are left out.
 std::vector<MealRow> mealRows(const model::Store& store, const model::Meal& meal);
-
-// Adds amount of a food to a meal: summed into the food's entry when the meal holds one,
-// otherwise appended as a new entry.
-void addToMeal(model::Meal& meal, std::int32_t food, float amount);
 
 // A name and a formatted value of the details lists.
 struct NutrientRow
@@ -89,18 +86,11 @@ std::array<double, 3> pieSlicePercents(const EnergyShares& shares);
 extern const std::array<const char*, 3> PieSliceLabels; // "Protein", "Carboyhydrates", "Fat"
 extern const std::array<model::NutrientId, 3> PieSliceNutrients;
 
-// A day of the journal by calendar date (the first day stamped on that date), or nullptr.
-model::JournalDay* findJournalDay(model::UserJournal& journal, const model::CalendarDate& date);
-const model::JournalDay* findJournalDay(const model::UserJournal& journal,
-                                        const model::CalendarDate& date);
-// The meal to add to: the day of the date and its meal of the kind, each created when missing
-// (the day stamped with the date's local midnight, a new meal with mealTime).
-model::Meal& mealForAdding(model::UserJournal& journal, const model::CalendarDate& date, int kind,
-                           model::TimeT mealTime);
-// Removes entry `entry` of the meal of the kind on the date; a meal left empty leaves its day, and
-// a day left empty leaves the journal. Returns false when there was no such entry.
-bool removeMealEntry(model::UserJournal& journal, const model::CalendarDate& date, int kind,
-                     std::size_t entry);
+// The journal's edits (finding or creating a day and a meal, adding to a meal, removing entries
+// with the days and meals they leave empty) are the core's: model/JournalEdits.h.
+using model::addToMeal;
+using model::mealForAdding;
+using model::removeMealEntry;
 // The time of a meal on a date at a time of day (local time).
 model::TimeT mealTimeOn(const model::CalendarDate& date, int hour, int minute);
 

@@ -1,22 +1,22 @@
-#include "controls/PieChart.h"
+#include "charts/Pie.h"
 
 #include <QFontMetrics>
 #include <QPainter>
-#include <QPixmap>
+#include <QPalette>
 
-namespace velmora::controls {
+namespace velmora::charts {
 
 namespace {
 constexpr int LegendRowHeight = 17;
 constexpr int LegendBox = 11;
 constexpr int LegendGap = 4;
 
-food::PieRect toPieRect(const QRect& r)
+PieRect toPieRect(const QRect& r)
 {
     return {r.left(), r.top(), r.left() + r.width(), r.top() + r.height()};
 }
 
-QPoint toQPoint(food::PiePoint p)
+QPoint toQPoint(PiePoint p)
 {
     return {p.x, p.y};
 }
@@ -35,13 +35,7 @@ void drawSunkenBox(QPainter& painter, const QRect& box, const QColor& colour,
 }
 } // namespace
 
-PieChart::PieChart(QWidget* parent) : QWidget(parent)
-{
-    setCursor(Qt::CrossCursor);
-    setAttribute(Qt::WA_OpaquePaintEvent);
-}
-
-QFont PieChart::titleFont()
+QFont Pie::titleFont()
 {
     QFont f(QStringLiteral("Arial"));
     f.setPixelSize(15);
@@ -49,7 +43,7 @@ QFont PieChart::titleFont()
     return f;
 }
 
-QFont PieChart::legendFont()
+QFont Pie::legendFont()
 {
     QFont f(QStringLiteral("Arial"));
     f.setPixelSize(13);
@@ -57,86 +51,72 @@ QFont PieChart::legendFont()
     return f;
 }
 
-bool PieChart::addSlice(const QColor& colour, int value, double amount, const QString& label,
-                        bool isPercent)
+void Pie::addSlice(const QColor& colour, int value, double amount, const QString& label,
+                   bool isPercent)
 {
-    m_slices.push_back({colour, value, food::pieSliceAngle(amount, isPercent), label});
-    update();
-    return true;
+    m_slices.push_back({colour, value, pieSliceAngle(amount, isPercent), label});
 }
 
-void PieChart::removeAllSlices()
-{
-    m_slices.clear();
-    update();
-}
-
-void PieChart::setTitle(const QString& title)
-{
-    m_title = title;
-    update();
-}
-
-int PieChart::titleHeight() const
+int Pie::titleHeight() const
 {
     if (m_title.isEmpty())
         return 0;
     return QFontMetrics(titleFont()).boundingRect(m_title).height();
 }
 
-food::PieRect PieChart::pieSquare() const
+PieRect Pie::square(const QRect& area) const
 {
-    return food::pieSquare(toPieRect(rect()), titleHeight());
+    return pieSquare(toPieRect(area), titleHeight());
 }
 
-std::vector<food::PieSliceLayout> PieChart::sliceLayout() const
+std::vector<PieSliceLayout> Pie::layout(const QRect& area) const
 {
     std::vector<int> angles;
     angles.reserve(m_slices.size());
     for (const Slice& s : m_slices)
         angles.push_back(s.angle);
-    return food::layoutPieSlices(pieSquare(), angles, m_startAngle);
+    return layoutPieSlices(square(area), angles, m_startAngle);
 }
 
-void PieChart::paintTo(QPainter& painter) const
+void Pie::paint(QPainter& painter, const QRect& area, const QPalette& palette) const
 {
-    const QRect client = rect();
-    painter.fillRect(client, palette().color(QPalette::Window));
+    painter.save();
+    painter.fillRect(area, palette.color(QPalette::Window));
 
-    const food::PieRect square = pieSquare();
-    const int side = square.width();
+    const PieRect sq = square(area);
+    const int side = sq.width();
 
     if (!m_title.isEmpty()) {
         painter.setFont(titleFont());
-        painter.setPen(palette().color(QPalette::WindowText));
-        const QRect area(client.left(), client.top(), client.width() - food::PieLegendStrip,
-                         titleHeight());
+        painter.setPen(palette.color(QPalette::WindowText));
+        const QRect titleArea(area.left(), area.top(), area.width() - PieLegendStrip,
+                              titleHeight());
         // A title wider than the room starts at the left edge instead of being centred off it.
-        const int flags = QFontMetrics(titleFont()).horizontalAdvance(m_title) > area.width()
+        const int flags = QFontMetrics(titleFont()).horizontalAdvance(m_title) > titleArea.width()
                               ? Qt::AlignLeft | Qt::AlignVCenter
                               : Qt::AlignHCenter | Qt::AlignVCenter;
-        painter.drawText(area, flags, m_title);
+        painter.drawText(titleArea, flags, m_title);
     }
 
     if (side > 0) {
         painter.setRenderHint(QPainter::Antialiasing, true);
-        const QRect disc(square.left, square.top, side, side);
+        const QRect disc(sq.left, sq.top, side, side);
         painter.setPen(Qt::NoPen);
         painter.setBrush(discColour());
         painter.drawEllipse(disc);
 
-        const std::vector<food::PieSliceLayout> layout = sliceLayout();
-        for (std::size_t i = 0; i < layout.size(); ++i) {
-            if (!layout[i].drawSector)
+        const std::vector<PieSliceLayout> slices = layout(area);
+        for (std::size_t i = 0; i < slices.size(); ++i) {
+            if (!slices[i].drawSector)
                 continue;
             painter.setBrush(m_slices[i].colour);
-            painter.drawPie(disc, layout[i].arc.start16, layout[i].arc.span16);
+            painter.drawPie(disc, slices[i].arc.start16, slices[i].arc.span16);
         }
 
         painter.setFont(legendFont());
         painter.setPen(Qt::white);
         const QFontMetrics fm(legendFont());
-        for (const food::PieSliceLayout& s : layout) {
+        for (const PieSliceLayout& s : slices) {
             if (s.label.empty())
                 continue;
             const QString text = QString::fromStdString(s.label);
@@ -152,28 +132,16 @@ void PieChart::paintTo(QPainter& painter) const
     painter.setFont(legendFont());
     const QFontMetrics fm(legendFont());
     for (std::size_t i = 0; i < m_slices.size(); ++i) {
-        const QRect row(client.left(), client.top() + static_cast<int>(i) * LegendRowHeight,
-                        client.width() - 2, LegendRowHeight);
-        painter.setPen(palette().color(QPalette::WindowText));
+        const QRect row(area.left(), area.top() + static_cast<int>(i) * LegendRowHeight,
+                        area.width() - 2, LegendRowHeight);
+        painter.setPen(palette.color(QPalette::WindowText));
         painter.drawText(row, Qt::AlignRight | Qt::AlignVCenter, m_slices[i].label);
         const int textLeft = row.right() - fm.horizontalAdvance(m_slices[i].label);
         const QRect box(textLeft - LegendGap - LegendBox,
                         row.top() + (LegendRowHeight - LegendBox) / 2, LegendBox, LegendBox);
-        drawSunkenBox(painter, box, m_slices[i].colour, palette());
+        drawSunkenBox(painter, box, m_slices[i].colour, palette);
     }
+    painter.restore();
 }
 
-void PieChart::paintEvent(QPaintEvent*)
-{
-    // Drawn off screen first and copied in one piece, so a repaint never flickers.
-    QPixmap buffer(size() * devicePixelRatioF());
-    buffer.setDevicePixelRatio(devicePixelRatioF());
-    {
-        QPainter p(&buffer);
-        paintTo(p);
-    }
-    QPainter screen(this);
-    screen.drawPixmap(0, 0, buffer);
-}
-
-} // namespace velmora::controls
+} // namespace velmora::charts

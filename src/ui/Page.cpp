@@ -1,7 +1,7 @@
-#include "app/Page.h"
+#include "ui/Page.h"
 
-namespace velmora::app {
+namespace velmora::ui {
 
 Page::Page(AppContext& context, QWidget* parent) : QWidget(parent), m_context(context) {}
 
-} // namespace velmora::app
+} // namespace velmora::ui

@@ -1,4 +1,4 @@
-#include "Json.h"
+#include "model/JsonWriter.h"
 
 #include <cmath>
 #include <cstdio>
@@ -7,7 +7,7 @@
 
 #include "model/TextCodec.h"
 
-namespace velmora::cli {
+namespace velmora::model {
 
 void JsonWriter::prefix(const char* key)
 {
@@ -98,7 +98,7 @@ void JsonWriter::endArray()
 void JsonWriter::text(const char* key, const std::string& cp1252)
 {
     prefix(key);
-    quoted(model::cp1252ToUtf8(cp1252));
+    quoted(cp1252ToUtf8(cp1252));
 }
 
 void JsonWriter::integer(const char* key, std::int64_t v)
@@ -146,7 +146,7 @@ void JsonWriter::boolean(const char* key, bool v)
     m_out += v ? "true" : "false";
 }
 
-void JsonWriter::time(const char* key, model::TimeT t)
+void JsonWriter::time(const char* key, TimeT t)
 {
     const std::time_t tt = static_cast<std::time_t>(t);
     std::tm f{};
@@ -162,4 +162,4 @@ void JsonWriter::time(const char* key, model::TimeT t)
     quoted(buf);
 }
 
-} // namespace velmora::cli
+} // namespace velmora::model

@@ -6,7 +6,7 @@
 
 #include "model/Archive.h"
 
-namespace velmora::cli {
+namespace velmora::model {
 
 // A small streaming JSON writer with two-space indentation. Texts are taken as Windows-1252 bytes
 // (as the files store them) and written as escaped UTF-8.
@@ -25,7 +25,7 @@ public:
     void real(const char* key, float v);
     void boolean(const char* key, bool v);
     // A time as "YYYY-MM-DDTHH:MM:SSZ" (UTC).
-    void time(const char* key, model::TimeT t);
+    void time(const char* key, TimeT t);
 
     const std::string& result() const { return m_out; }
 
@@ -37,4 +37,4 @@ private:
     std::vector<bool> m_first; // per open container: nothing written in it yet
 };
 
-} // namespace velmora::cli
+} // namespace velmora::model

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace velmora::food {
+namespace velmora::charts {
 
 // The pie chart's arithmetic, kept apart from any drawing so that it can be checked exactly.
 // Rectangles follow the platform's convention: right and bottom are one past the last pixel.
@@ -78,4 +78,4 @@ struct PieSliceLayout
 std::vector<PieSliceLayout> layoutPieSlices(const PieRect& square, const std::vector<int>& angles,
                                             int firstAngle = 0);
 
-} // namespace velmora::food
+} // namespace velmora::charts

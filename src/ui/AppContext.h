@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/Change.h"
+
 class QString;
 class QWidget;
 
@@ -7,7 +9,7 @@ namespace velmora::model {
 class Store;
 }
 
-namespace velmora::app {
+namespace velmora::ui {
 
 // What pages and dialogs of every subsystem may ask of the application. The main window
 // implements it; tests may give a double.
@@ -18,14 +20,15 @@ public:
 
     // The process-wide data store.
     virtual model::Store& store() = 0;
-    // Normalises the store, then refreshes pages 1, 0, 2, 4 and 3 in this order.
+    // Normalises the store, then refreshes the pages in the order of RefreshOrder (PageId.h).
     virtual void refreshAllPages() = 0;
-    // A page or dialog has written into the store; the application schedules a save.
-    virtual void markModified() = 0;
+    // An edit changed the store: the application tells the pages what changed and schedules a
+    // save.
+    virtual void notifyChanged(Change what) = 0;
     // Text for the first pane of the status bar.
     virtual void showStatus(const QString& text) = 0;
     // The main window, as the parent of dialogs.
     virtual QWidget* mainWindow() = 0;
 };
 
-} // namespace velmora::app
+} // namespace velmora::ui

@@ -7,9 +7,9 @@
 #include <limits>
 #include <string>
 
-#include "food/logic/PieGeometry.h"
+#include "charts/data/PieGeometry.h"
 
-using namespace velmora::food;
+using namespace velmora::charts;
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-namespace velmora::app {
+namespace velmora::ui {
 
 class AppContext;
 
@@ -26,4 +26,4 @@ private:
     AppContext& m_context;
 };
 
-} // namespace velmora::app
+} // namespace velmora::ui

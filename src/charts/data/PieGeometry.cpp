@@ -1,11 +1,11 @@
-#include "food/logic/PieGeometry.h"
+#include "charts/data/PieGeometry.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <numbers>
 
-namespace velmora::food {
+namespace velmora::charts {
 
 namespace {
 constexpr double Pi = 3.1415926535;
@@ -116,4 +116,4 @@ std::vector<PieSliceLayout> layoutPieSlices(const PieRect& square, const std::ve
     return out;
 }
 
-} // namespace velmora::food
+} // namespace velmora::charts

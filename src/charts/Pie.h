@@ -2,24 +2,24 @@
 
 #include <QColor>
 #include <QFont>
+#include <QRect>
 #include <QString>
-#include <QWidget>
 
 #include <vector>
 
-#include "food/logic/PieGeometry.h"
+#include "charts/data/PieGeometry.h"
 
 class QPainter;
+class QPalette;
 
-namespace velmora::controls {
+namespace velmora::charts {
 
 // A pie of coloured slices with an optional title above it, a legend of labelled colour boxes on
 // the right and the percentage written inside every slice of more than 25 degrees. Slices run
-// clockwise from twelve o'clock; the geometry comes from food/logic/PieGeometry.
-class PieChart : public QWidget
+// clockwise from twelve o'clock. It paints onto any painter in any rectangle, so the screen, a
+// print preview, a printer and a PDF share one drawing.
+class Pie
 {
-    Q_OBJECT
-
 public:
     struct Slice
     {
@@ -29,35 +29,27 @@ public:
         QString label; // legend text
     };
 
-    explicit PieChart(QWidget* parent = nullptr);
-
     // Adds a slice; with isPercent the amount is a percentage (x 3.6 gives degrees). Angles above
     // 359 become 358 and are then truncated to whole degrees.
-    bool addSlice(const QColor& colour, int value, double amount, const QString& label,
+    void addSlice(const QColor& colour, int value, double amount, const QString& label,
                   bool isPercent);
-    void removeAllSlices();
-    void setTitle(const QString& title);
+    void removeAllSlices() { m_slices.clear(); }
+    void setTitle(const QString& title) { m_title = title; }
 
-    QString title() const { return m_title; }
+    const QString& title() const { return m_title; }
     const std::vector<Slice>& slices() const { return m_slices; }
     int startAngle() const { return m_startAngle; }
 
-    // The layout of the current size (the square of the disc and the slices).
-    food::PieRect pieSquare() const;
-    std::vector<food::PieSliceLayout> sliceLayout() const;
+    // The square of the disc and the slices' layout when drawn in area.
+    PieRect square(const QRect& area) const;
+    std::vector<PieSliceLayout> layout(const QRect& area) const;
 
-    // Draws the whole control onto any painter, in a rectangle of the control's size.
-    void paintTo(QPainter& painter) const;
-
-    QSize sizeHint() const override { return {220, 180}; }
-    QSize minimumSizeHint() const override { return {120, 90}; }
+    // Fills area with the palette's window colour and draws the pie, its title and legend in it.
+    void paint(QPainter& painter, const QRect& area, const QPalette& palette) const;
 
     static QColor discColour() { return QColor(0x80, 0x80, 0x80); }
     static QFont titleFont();
     static QFont legendFont();
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     int titleHeight() const;
@@ -67,4 +59,4 @@ private:
     std::vector<Slice> m_slices;
 };
 
-} // namespace velmora::controls
+} // namespace velmora::charts

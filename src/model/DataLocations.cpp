@@ -1,0 +1,139 @@
+#include "model/DataLocations.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+namespace velmora::model {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The organisation and program folders under the platform's data folders.
+const fs::path AppFolder = fs::path("Orvane") / "Velmora";
+
+fs::path clean(const fs::path& p)
+{
+    std::error_code ec;
+    fs::path out = fs::absolute(p, ec);
+    if (ec)
+        out = p;
+    out = out.lexically_normal();
+    // "dir/" and "dir" are the same folder.
+    if (!out.has_filename() && out.has_parent_path() && out != out.root_path())
+        out = out.parent_path();
+    return out;
+}
+
+bool folderWritable(const fs::path& dir)
+{
+    std::error_code ec;
+    fs::create_directories(dir, ec);
+    if (!fs::is_directory(dir, ec))
+        return false;
+    const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
+    const fs::path probe = dir / (".velmora-" + std::to_string(stamp));
+    bool ok = false;
+    {
+        std::ofstream out(probe, std::ios::binary);
+        ok = out.good();
+    }
+    fs::remove(probe, ec);
+    return ok;
+}
+
+bool isFile(const fs::path& p)
+{
+    std::error_code ec;
+    return fs::is_regular_file(p, ec);
+}
+
+fs::path environmentPath(const char* name)
+{
+    const char* v = std::getenv(name);
+    return v && *v ? fs::path(v) : fs::path();
+}
+
+} // namespace
+
+fs::path DataLocations::foodsToLoad() const
+{
+    if (!foodsPath.empty())
+        return foodsPath;
+    if (!named.empty())
+        return named;
+    return dataDir / "foods.db";
+}
+
+DataLocations findDataLocations(const DataSearch& search)
+{
+    DataLocations out;
+    out.dataDir = clean(search.dataDirOption.empty() ? search.programDir : search.dataDirOption);
+    if (!folderWritable(out.dataDir)) {
+        std::error_code ec;
+        fs::create_directories(search.perUserDir, ec);
+        out.dataDir = clean(search.perUserDir);
+    }
+
+    if (!search.foodsOption.empty()) {
+        const fs::path chosen = clean(search.foodsOption);
+        out.searched.push_back(chosen);
+        out.named = chosen;
+        if (isFile(chosen))
+            out.foodsPath = chosen;
+        return out;
+    }
+    // The data folder's own copy first (a folder chosen with --data-dir may bring one), then the
+    // one shipped beside the program, then the installed data folders.
+    std::vector<fs::path> candidates{out.dataDir / "foods.db", search.programDir / "foods.db"};
+    for (const fs::path& dir : search.installedDirs)
+        candidates.push_back(dir / "foods.db");
+    for (const fs::path& candidate : candidates) {
+        const fs::path c = clean(candidate);
+        if (std::find(out.searched.begin(), out.searched.end(), c) != out.searched.end())
+            continue;
+        out.searched.push_back(c);
+        if (out.foodsPath.empty() && isFile(c))
+            out.foodsPath = c;
+    }
+    return out;
+}
+
+fs::path defaultPerUserDataDir()
+{
+#if defined(_WIN32)
+    return environmentPath("APPDATA") / AppFolder;
+#elif defined(__APPLE__)
+    return environmentPath("HOME") / "Library" / "Application Support" / AppFolder;
+#else
+    const fs::path xdg = environmentPath("XDG_DATA_HOME");
+    return (xdg.empty() ? environmentPath("HOME") / ".local" / "share" : xdg) / AppFolder;
+#endif
+}
+
+std::vector<fs::path> defaultInstalledDataDirs()
+{
+    std::vector<fs::path> out{defaultPerUserDataDir()};
+#if defined(_WIN32)
+    out.push_back(environmentPath("PROGRAMDATA") / AppFolder);
+#elif defined(__APPLE__)
+    out.push_back(fs::path("/Library/Application Support") / AppFolder);
+#else
+    std::string dirs = std::getenv("XDG_DATA_DIRS") ? std::getenv("XDG_DATA_DIRS") : "";
+    if (dirs.empty())
+        dirs = "/usr/local/share:/usr/share";
+    std::size_t start = 0;
+    while (start <= dirs.size()) {
+        const std::size_t end = std::min(dirs.find(':', start), dirs.size());
+        if (end > start)
+            out.push_back(fs::path(dirs.substr(start, end - start)) / AppFolder);
+        start = end + 1;
+    }
+#endif
+    return out;
+}
+
+} // namespace velmora::model

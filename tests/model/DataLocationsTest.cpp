@@ -1,0 +1,105 @@
+// Where the program and velmora-cli find the data folder and "foods.db".
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "model/DataLocations.h"
+#include "support/TempDir.h"
+
+using namespace velmora::model;
+using velmora::test::TempDir;
+namespace fs = std::filesystem;
+
+namespace {
+
+void touch(const fs::path& p)
+{
+    fs::create_directories(p.parent_path());
+    std::ofstream(p) << "x";
+}
+
+} // namespace
+
+TEST(DataLocations, FoodsAreFoundInTheDataFolderThenBesideTheProgramThenInstalled)
+{
+    TempDir root;
+    const fs::path program = root / "bin";
+    const fs::path data = root / "data";
+    const fs::path installed = root / "share";
+    const fs::path perUser = root / "user";
+    fs::create_directories(program);
+    fs::create_directories(data);
+
+    struct Case
+    {
+        const char* what;
+        fs::path dataOption;
+        fs::path foodsOption;
+        std::vector<fs::path> present; // foods.db files that exist
+        fs::path dataDir;
+        fs::path found;
+        fs::path loaded;
+    };
+    const fs::path inData = data / "foods.db";
+    const fs::path inProgram = program / "foods.db";
+    const fs::path inInstalled = installed / "foods.db";
+    const fs::path named = root / "elsewhere" / "mine.db";
+    const Case cases[] = {
+        {"own copy first", data, {}, {inData, inProgram}, data, inData, inData},
+        {"the program's copy for a data folder without one",
+         data,
+         {},
+         {inProgram},
+         data,
+         inProgram,
+         inProgram},
+        {"installed copy last", data, {}, {inInstalled}, data, inInstalled, inInstalled},
+        {"none anywhere: the data folder's name is loaded and reported missing",
+         data,
+         {},
+         {},
+         data,
+         {},
+         inData},
+        {"no data folder given: the program's folder",
+         {},
+         {},
+         {inProgram},
+         program,
+         inProgram,
+         inProgram},
+        {"a named file is the only place", data, named, {inData}, data, {}, named},
+        {"a named file that exists", data, named, {named, inData}, data, named, named},
+    };
+    for (const Case& c : cases) {
+        for (const fs::path& p : {inData, inProgram, inInstalled, named})
+            fs::remove(p);
+        for (const fs::path& p : c.present)
+            touch(p);
+        DataSearch search{c.dataOption, c.foodsOption, program, perUser, {installed}};
+        const DataLocations where = findDataLocations(search);
+        EXPECT_EQ(where.dataDir, c.dataDir) << c.what;
+        EXPECT_EQ(where.foodsPath, c.found) << c.what;
+        EXPECT_EQ(where.foodsToLoad(), c.loaded) << c.what;
+    }
+
+    // Each place is looked at once, in order; a folder given with a trailing separator is the
+    // same folder.
+    DataSearch same{program / "", {}, program, perUser, {program, installed}};
+    const DataLocations where = findDataLocations(same);
+    EXPECT_EQ(where.dataDir, program);
+    EXPECT_EQ(where.searched, (std::vector<fs::path>{inProgram, inInstalled}));
+}
+
+TEST(DataLocations, AFolderThatCannotBeWrittenGivesWayToThePerUserFolder)
+{
+    TempDir root;
+    touch(root /
+          "blocked"); // a file where the folder should be: it can be neither made nor written
+    DataSearch search{root / "blocked", {}, root.path(), root / "per-user", {}};
+    const DataLocations where = findDataLocations(search);
+    EXPECT_EQ(where.dataDir, root / "per-user");
+    EXPECT_TRUE(fs::is_directory(root / "per-user"));
+}

@@ -1,0 +1,95 @@
+// velmora-cli resave [--data-dir DIR] [--foods FILE]
+#include "Command.h"
+
+#include <filesystem>
+
+#include "model/DataLocations.h"
+#include "model/Store.h"
+
+#if defined(__linux__)
+#include <unistd.h>
+#endif
+
+namespace velmora::cli {
+
+namespace fs = std::filesystem;
+using namespace velmora::model;
+
+namespace {
+
+fs::path programFolder(const char* argv0)
+{
+#if defined(__linux__)
+    std::error_code ec;
+    const fs::path self = fs::read_symlink("/proc/self/exe", ec);
+    if (!ec)
+        return self.parent_path();
+#endif
+    std::error_code ec2;
+    const fs::path p = fs::absolute(argv0, ec2);
+    return ec2 ? fs::current_path() : p.parent_path();
+}
+
+} // namespace
+
+std::string resaveHelp()
+{
+    return "Usage: velmora-cli resave [--data-dir DIR] [--foods FILE]\n"
+           "\n"
+           "Does what the program does at start-up and shut-down: loads foods.db, velmora.db (or\n"
+           "creates the example user when it is missing) and the current user's file, then\n"
+           "writes velmora.db and the current user's file, normalisation included.\n"
+           "The data folder and foods.db are found as the program finds them: DIR defaults to the\n"
+           "folder that holds velmora-cli (or the per-user data folder when that cannot be\n"
+           "written); foods.db is looked for in the data folder, beside velmora-cli, then in the\n"
+           "installed data folders, unless FILE names it. Without foods.db nothing is loaded and\n"
+           "nothing is written.\n";
+}
+
+int resaveCommand(const std::vector<std::string>& args, const char* argv0)
+{
+    DataSearch search;
+    for (std::size_t i = 0; i < args.size(); i += 2) {
+        if (i + 1 >= args.size())
+            return usage(resaveHelp());
+        if (args[i] == "--data-dir")
+            search.dataDirOption = args[i + 1];
+        else if (args[i] == "--foods")
+            search.foodsOption = args[i + 1];
+        else
+            return usage(resaveHelp());
+    }
+    search.programDir = programFolder(argv0);
+    search.perUserDir = defaultPerUserDataDir();
+    search.installedDirs = defaultInstalledDataDirs();
+    const DataLocations where = findDataLocations(search);
+
+    Store store;
+    store.setPaths(where.foodsToLoad(), where.dataDir);
+    const Store::LoadReport report = store.load();
+    if (report.foodsMissing)
+        return fail(store.foodsPath().string() +
+                    ": the file does not exist; nothing was loaded or saved");
+    // A damaged file has been moved aside by the load and what could be read completely is kept:
+    // that is saved so the folder is whole again, and the damage is reported with a failing exit.
+    for (const Store::DamagedFile& d : report.damaged) {
+        std::string line = d.error.message();
+        line += d.movedTo.empty() ? "; it could not be moved aside and is left as it is"
+                                  : "; it was moved to " + d.movedTo.string();
+        if (!d.backup.empty())
+            line += "; a backup that reads completely is " + d.backup.string();
+        fail(line);
+    }
+    int status = report.errors.empty() ? 0 : 1;
+    if (report.damaged.empty() && !report.errors.empty())
+        fail(report.errors.front().message());
+    if (!store.loaded())
+        return 1;
+    if (Status shared = store.saveShared(Release::Yes); !shared)
+        status = fail(shared.error().message());
+    if (Status user = store.saveCurrentUser(Release::Yes); !user)
+        status = fail(user.error().message());
+    return status;
+}
+
+} // namespace velmora::cli
