@@ -23,7 +23,7 @@
 #include "food/logic/MealCopy.h"
 #include "food/logic/MealEditing.h"
 #include "model/Store.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "model/ProfileEdits.h"
 
 namespace velmora::food {
@@ -312,7 +312,7 @@ void FoodPage::removeSelectedEntry()
     if (!item || !item->isSelected())
         return;
     const auto entry = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
-    if (!update::confirmDelete(this, update::MsgDeleteFoodItem))
+    if (!ui::confirmDelete(this, ui::MsgDeleteFoodItem))
         return;
     if (removeMealEntry(context().store().journal, currentDate(), currentMealKind(), entry))
         context().notifyChanged(ui::Change::Journal);

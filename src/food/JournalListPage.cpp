@@ -19,7 +19,7 @@
 #include "food/logic/JournalRows.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "ui/QtText.h"
 #include "model/ProfileEdits.h"
 
@@ -205,7 +205,7 @@ void JournalListPage::onDelete()
     if (items.isEmpty())
         return;
     const JournalRowRef ref = refOf(items.front());
-    if (!update::confirmDelete(this, update::MsgDeleteJournalListItem))
+    if (!ui::confirmDelete(this, ui::MsgDeleteJournalListItem))
         return;
     m_tree->clearSelection();
     if (deleteJournalItem(context().store().journal, ref))
