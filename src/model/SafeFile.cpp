@@ -120,14 +120,16 @@ Result<fs::path> moveAside(const fs::path& path)
 }
 
 Status writeFileAtomically(const fs::path& path, std::span<const std::uint8_t> bytes,
-                           KeepBackup keep)
+                           KeepBackup keep, const BlockWriter& writer)
 {
     const std::string name = path.string();
     const fs::path temp = temporaryBeside(path);
     std::FILE* f = std::fopen(temp.string().c_str(), "wb");
     if (!f)
         return FileError{FileErrorCode::CannotWrite, name, 0, std::strerror(errno)};
-    bool good = bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size();
+    bool good =
+        bytes.empty() ||
+        (writer ? writer(f, bytes) : std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size());
     int err = good ? 0 : errno;
     if (good && std::fflush(f) != 0) {
         good = false;

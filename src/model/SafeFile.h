@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -20,6 +22,10 @@ enum class KeepBackup
     Yes
 };
 
+// Writes a block of bytes to an open file: true when all were written, else false with errno set.
+// Saving uses fwrite; tests hand in a writer that fails part-way, as a full disk does.
+using BlockWriter = std::function<bool(std::FILE* file, std::span<const std::uint8_t> bytes)>;
+
 // Replaces a file without ever destroying the old one before the new one is complete: writes a
 // temporary file in the same folder, flushes it to the disk, then renames it over the target. With
 // KeepBackup::Yes the file being replaced is first linked (or copied) to "<file>.bak", replacing
@@ -27,7 +33,7 @@ enum class KeepBackup
 // failure the temporary file is removed, the old file is left as it was and CannotWrite is
 // returned with the operating system's error text.
 Status writeFileAtomically(const std::filesystem::path& path, std::span<const std::uint8_t> bytes,
-                           KeepBackup keep = KeepBackup::No);
+                           KeepBackup keep = KeepBackup::No, const BlockWriter& writer = {});
 
 // "<file>.bak" beside the file.
 std::filesystem::path backupPathFor(const std::filesystem::path& path);

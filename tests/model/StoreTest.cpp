@@ -5,6 +5,7 @@
 #include "model/Store.h"
 #include "support/Builders.h"
 #include "support/DataFolderFixture.h"
+#include "support/FailingWriter.h"
 #include "support/Fixtures.h"
 #include "support/TempDir.h"
 
@@ -206,6 +207,35 @@ TEST(SafeFile, FailedWriteKeepsTheOldFile)
         files += e.is_regular_file() ? 1 : 0;
     EXPECT_EQ(files, 1);
     EXPECT_EQ(readWholeFile(dir / "nothing.db").error().code, FileErrorCode::NotFound);
+}
+
+TEST(SafeFile, AWriteThatFailsPartWayLeavesTheFileAndItsBackupAsTheyWere)
+{
+    const std::vector<std::uint8_t> old{1, 2, 3};
+    const std::vector<std::uint8_t> backup{9};
+    const std::vector<std::uint8_t> next{4, 5, 6, 7, 8, 9, 10, 11};
+    for (std::size_t n : {std::size_t{0}, std::size_t{1}, next.size() / 2, next.size() - 1}) {
+        TempDir dir;
+        const auto target = dir / "velmora.db";
+        writeBytes(target, old);
+        writeBytes(backupPathFor(target), backup);
+        const Status st = writeFileAtomically(target, next, KeepBackup::Yes, failingAfter(n));
+        ASSERT_FALSE(st.ok()) << n;
+        EXPECT_EQ(st.error().code, FileErrorCode::CannotWrite) << n;
+        EXPECT_EQ(readBytes(target), old) << n;
+        EXPECT_EQ(readBytes(backupPathFor(target)), backup) << n;
+        int files = 0; // no temporary file is left behind
+        for (const auto& e : std::filesystem::directory_iterator(dir.path()))
+            files += e.is_regular_file() ? 1 : 0;
+        EXPECT_EQ(files, 2) << n;
+    }
+    // The same writer that gets through writes the file and rotates the backup.
+    TempDir dir;
+    const auto target = dir / "velmora.db";
+    writeBytes(target, old);
+    ASSERT_TRUE(writeFileAtomically(target, next, KeepBackup::Yes, failingAfter(next.size())).ok());
+    EXPECT_EQ(readBytes(target), next);
+    EXPECT_EQ(readBytes(backupPathFor(target)), old);
 }
 
 TEST(StoreSave, SavingWritesANormalisedCopyAndLeavesTheLiveListsAsTheyAre)
