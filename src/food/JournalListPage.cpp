@@ -21,6 +21,7 @@
 #include "model/TextCodec.h"
 #include "ui/Messages.h"
 #include "ui/QtText.h"
+#include "model/Clock.h"
 #include "model/ProfileEdits.h"
 
 namespace velmora::food {
@@ -129,8 +130,7 @@ void JournalListPage::rebuild()
     m_tree->clear();
     setUpColumns();
     const model::Store& store = context().store();
-    const auto rows =
-        buildJournalRows(store, static_cast<model::TimeT>(QDateTime::currentSecsSinceEpoch()));
+    const auto rows = buildJournalRows(store, model::now());
 
     QFont dayFont = m_tree->font();
     dayFont.setBold(true);

@@ -15,6 +15,8 @@
 #include <unistd.h>
 #endif
 
+#include "model/Clock.h"
+
 namespace velmora::model {
 
 namespace fs = std::filesystem;
@@ -103,9 +105,9 @@ void keepBackupOf(const fs::path& path)
 
 Result<fs::path> moveAside(const fs::path& path)
 {
-    std::time_t now = std::time(nullptr);
+    const std::time_t moment = static_cast<std::time_t>(now());
     char stamp[32];
-    std::strftime(stamp, sizeof stamp, "%Y%m%d-%H%M%S", std::localtime(&now));
+    std::strftime(stamp, sizeof stamp, "%Y%m%d-%H%M%S", std::localtime(&moment));
     fs::path target = path;
     target += std::string(".damaged-") + stamp;
     std::error_code ec;
