@@ -22,7 +22,7 @@
 #include "app/MainWindow.h"
 #include "app/UserSession.h"
 #include "model/DataLocations.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "update/TipDialog.h"
 
 // The resources live in a static library: register them before the first use.
@@ -192,7 +192,7 @@ void Application::reportLoadProblems()
             text += QStringLiteral("\n  ") + QDir::toNativeSeparators(place);
         for (const model::FileError& error : m_report.errors)
             text += QStringLiteral("\n\n") + QString::fromStdString(error.message());
-        update::showMessageText(parent, text);
+        ui::showMessageText(parent, text);
         return;
     }
     bool restored = false;
@@ -205,8 +205,8 @@ void Application::reportLoadProblems()
                         [&](const auto& d) { return d.error.file == error.file; });
         if (isDamage)
             continue;
-        update::showMessageText(parent, QString::fromStdString(error.message()) +
-                                            QStringLiteral("\n\nThe file is left as it is."));
+        ui::showMessageText(parent, QString::fromStdString(error.message()) +
+                                        QStringLiteral("\n\nThe file is left as it is."));
     }
     if (restored)
         m_window->refreshAllPages();
@@ -222,28 +222,28 @@ bool Application::offerRestore(const model::Store::DamagedFile& damaged)
         text +=
             QStringLiteral("It could not be moved aside, so it is left in its place and Velmora "
                            "will not write over it in this session.");
-        update::showMessageText(parent, text);
+        ui::showMessageText(parent, text);
         return false;
     }
     text += QStringLiteral("The damaged file is kept as \"%1\"; nothing of it is deleted. "
                            "Velmora goes on with the parts it could read completely.")
                 .arg(QDir::toNativeSeparators(QString::fromStdString(damaged.movedTo.string())));
     if (damaged.kind == model::Store::DamagedFile::Kind::Foods || damaged.backup.empty()) {
-        update::showMessageText(parent, text);
+        ui::showMessageText(parent, text);
         return false;
     }
     const QDateTime when =
         QFileInfo(QString::fromStdString(damaged.backup.string())).lastModified();
     text += QStringLiteral("\n\nA backup saved on %1 reads completely. Restore it now?")
                 .arg(QLocale().toString(when, QLocale::LongFormat));
-    if (!update::askYesNoText(parent, text))
+    if (!ui::askYesNoText(parent, text))
         return false;
     const model::Status status = damaged.kind == model::Store::DamagedFile::Kind::Shared
                                      ? m_store.restoreSharedBackup()
                                      : m_store.restoreUserBackup();
     if (!status.ok()) {
-        update::showMessageText(parent, QStringLiteral("The backup could not be restored.\n\n") +
-                                            QString::fromStdString(status.error().message()));
+        ui::showMessageText(parent, QStringLiteral("The backup could not be restored.\n\n") +
+                                        QString::fromStdString(status.error().message()));
         return false;
     }
     m_window->session().setSavingEnabled(m_store.loaded());

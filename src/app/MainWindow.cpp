@@ -22,7 +22,7 @@
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "update/Help.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "update/TipDialog.h"
 #include "update/UpdateChecker.h"
 
@@ -277,7 +277,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         m_host->storeCurrent();
         if (m_session->savingEnabled() && !m_session->save(model::Release::Yes)) {
             // The records are still in memory: closing now would lose what could not be written.
-            const bool quit = update::askYesNoText(
+            const bool quit = ui::askYesNoText(
                 this, QStringLiteral("Your data could not be saved (see the message before).\n\n"
                                      "Close Velmora anyway and lose the changes since the last "
                                      "successful save?"));

@@ -11,7 +11,7 @@
 #include "app/UserSession.h"
 #include "model/TextCodec.h"
 #include "model/UserNames.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "ui/QtText.h"
 
 namespace velmora::app {
@@ -44,7 +44,7 @@ void NewUserDialog::accept()
 {
     const QString problem = m_session.newNameProblem(m_edit->text());
     if (!problem.isEmpty()) {
-        update::showMessageText(this, problem);
+        ui::showMessageText(this, problem);
         m_edit->setFocus();
         m_edit->selectAll();
         return;

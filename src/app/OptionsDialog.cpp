@@ -11,8 +11,8 @@
 #include <QVBoxLayout>
 
 #include "model/Store.h"
-#include "update/Messages.h"
-#include "update/SettingsKeys.h"
+#include "ui/Messages.h"
+#include "ui/SettingsKeys.h"
 #include "update/TipDialog.h"
 #include "model/ProfileEdits.h"
 
@@ -57,7 +57,7 @@ OptionsDialog::OptionsDialog(model::Store& store, QWidget* parent) : QDialog(par
         days.append(QString::number(d));
     m_days->addItems(days);
 
-    m_confirmations->setChecked(update::deleteConfirmationsEnabled());
+    m_confirmations->setChecked(ui::deleteConfirmationsEnabled());
     m_metric->setChecked(m_store.journal.user.metric != 0);
     m_tips->setChecked(update::TipDialog::showAtStartUp());
     // A stored count outside 1..1067 selects nothing (position -1).
@@ -67,9 +67,9 @@ OptionsDialog::OptionsDialog(model::Store& store, QWidget* parent) : QDialog(par
 
 void OptionsDialog::accept()
 {
-    update::setDeleteConfirmationsEnabled(m_confirmations->isChecked());
+    ui::setDeleteConfirmationsEnabled(m_confirmations->isChecked());
     model::setUnitsAndDays(m_store.journal.user, m_metric->isChecked(), m_days->currentIndex() + 1);
-    QSettings().setValue(update::settings::TipStartUp, m_tips->isChecked());
+    QSettings().setValue(ui::settings::TipStartUp, m_tips->isChecked());
     QDialog::accept();
 }
 

@@ -11,7 +11,7 @@
 #include "food/FoodFinderDialog.h"
 #include "food/FoodPage.h"
 #include "food/JournalListPage.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 
 namespace velmora::app {
 
@@ -71,8 +71,8 @@ void openFoodFinder(ui::AppContext& context)
 
 void openDietGoals(ui::AppContext& context)
 {
-    update::showMessageText(context.mainWindow(),
-                            QStringLiteral("The Diet Goals are not available yet."));
+    ui::showMessageText(context.mainWindow(),
+                        QStringLiteral("The Diet Goals are not available yet."));
 }
 
 } // namespace velmora::app

@@ -13,7 +13,7 @@
 #include "app/UserSession.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "ui/QtText.h"
 
 namespace velmora::app {
@@ -80,7 +80,7 @@ void UserLoginDialog::deleteSelected()
     const int selected = m_users->currentData().isValid() ? m_users->currentData().toInt() : -1;
     if (selected < 0)
         return;
-    if (!update::askYesNo(this, update::MsgDeleteUser))
+    if (!ui::askYesNo(this, ui::MsgDeleteUser))
         return;
     m_session.deleteUser(selected);
     rebuildList();

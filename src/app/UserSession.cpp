@@ -11,7 +11,7 @@
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "model/UserNames.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "ui/QtText.h"
 #include "model/UserEdits.h"
 
@@ -45,7 +45,7 @@ QString UserSession::newNameProblem(const QString& typed) const
         return QString::fromStdString(model::nameProblemText(problem));
     for (const std::string& existing : m_store.shared.userNames) {
         if (existing == name)
-            return update::messageText(update::MsgDuplicateUserName);
+            return ui::messageText(ui::MsgDuplicateUserName);
     }
     if (m_store.shared.userNames.size() >= model::MaxUserNames) {
         return QStringLiteral(
@@ -58,7 +58,7 @@ QString UserSession::newNameProblem(const QString& typed) const
 
 bool UserSession::isDuplicate(const QString& problem)
 {
-    return problem == update::messageText(update::MsgDuplicateUserName);
+    return problem == ui::messageText(ui::MsgDuplicateUserName);
 }
 
 int UserSession::addUser(const std::string& cp1252Name)
@@ -85,7 +85,7 @@ bool UserSession::switchTo(int k)
     }
     model::FileError error;
     if (!model::switchUser(m_store, static_cast<std::size_t>(k), &error) && !error.file.empty())
-        update::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
+        ui::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
     m_context.refreshAllPages();
     return true;
 }
@@ -101,7 +101,7 @@ void UserSession::deleteUser(int k)
     model::FileError error;
     model::deleteUser(m_store, static_cast<std::size_t>(k), &error);
     if (!error.file.empty())
-        update::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
+        ui::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
     m_context.refreshAllPages();
 }
 
@@ -146,9 +146,9 @@ void UserSession::reportSaveFailure(const model::FileError& error, bool quiet)
         return;
     }
     m_failureShown = true;
-    update::showMessageText(m_context.mainWindow(),
-                            text + QStringLiteral("\n\nYour data stays in memory; Velmora tries "
-                                                  "again with the next save."));
+    ui::showMessageText(m_context.mainWindow(),
+                        text + QStringLiteral("\n\nYour data stays in memory; Velmora tries "
+                                              "again with the next save."));
 }
 
 } // namespace velmora::app

@@ -16,7 +16,7 @@
 #include "model/Store.h"
 #include "model/TextCodec.h"
 #include "model/User.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "ui/QtText.h"
 
 namespace velmora::food {
@@ -107,9 +107,9 @@ void ConfigureDisplaysDialog::fillList()
 void ConfigureDisplaysDialog::onAdd()
 {
     if (m_editor->items().size() >= model::User::DetailsSlotCount) {
-        update::showMessageText(this, QStringLiteral("The details list holds at most %1 nutrients. "
-                                                     "Remove one before adding another.")
-                                          .arg(model::User::DetailsSlotCount));
+        ui::showMessageText(this, QStringLiteral("The details list holds at most %1 nutrients. "
+                                                 "Remove one before adding another.")
+                                      .arg(model::User::DetailsSlotCount));
         return;
     }
     QMenu menu(this);
@@ -152,7 +152,7 @@ void ConfigureDisplaysDialog::accept()
                                            m_editor->items());
     m_context.notifyChanged(ui::Change::Profile);
     if (!fits)
-        update::showMessageText(
+        ui::showMessageText(
             this, QStringLiteral("The details list holds at most %1 nutrients; only the first %1 "
                                  "were kept.")
                       .arg(model::User::DetailsSlotCount));

@@ -18,7 +18,7 @@
 #include "food/logic/CustomFoods.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "ui/QtText.h"
 
 namespace velmora::food {
@@ -180,7 +180,7 @@ void CustomFoodsDialog::onDelete()
     const std::string stored = customFoodName(ui::fromQt(name));
     if (stored.empty() || findCustomFoodByName(m_context.store(), stored) < 0)
         return;
-    if (!update::confirmDelete(this, update::MsgDeleteCustomFood))
+    if (!ui::confirmDelete(this, ui::MsgDeleteCustomFood))
         return;
     if (deleteCustomFood(m_context.store(), stored))
         m_context.notifyChanged(ui::Change::Definitions);

@@ -18,7 +18,7 @@
 #include "ui/QtText.h"
 #include "food/logic/MealEditing.h"
 #include "model/Store.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 
 namespace velmora::food {
 
@@ -185,7 +185,7 @@ void FoodChooser::search(bool announce)
     if (m_foods->count() > 0)
         m_foods->setCurrentRow(0);
     else if (announce)
-        update::showMessage(this, update::MsgNoMatches);
+        ui::showMessage(this, ui::MsgNoMatches);
 }
 
 void FoodChooser::fillList(const std::vector<std::int32_t>& numbers)

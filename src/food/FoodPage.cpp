@@ -23,7 +23,8 @@
 #include "food/logic/MealCopy.h"
 #include "food/logic/MealEditing.h"
 #include "model/Store.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
+#include "model/Clock.h"
 #include "model/ProfileEdits.h"
 
 namespace velmora::food {
@@ -47,7 +48,7 @@ FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context,
     m_meals->setObjectName(QStringLiteral("mealChoice"));
     for (int k = 0; k < model::MealKindCount; ++k)
         m_meals->addItem(QString::fromLatin1(model::MealNames[static_cast<std::size_t>(k)]), k);
-    m_date = new QDateEdit(QDate::currentDate(), this);
+    m_date = new QDateEdit(QDateTime::fromSecsSinceEpoch(model::now()).date(), this);
     m_date->setCalendarPopup(true);
     m_time = new QTimeEdit(QTime(8, 0), this);
 
@@ -312,7 +313,7 @@ void FoodPage::removeSelectedEntry()
     if (!item || !item->isSelected())
         return;
     const auto entry = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
-    if (!update::confirmDelete(this, update::MsgDeleteFoodItem))
+    if (!ui::confirmDelete(this, ui::MsgDeleteFoodItem))
         return;
     if (removeMealEntry(context().store().journal, currentDate(), currentMealKind(), entry))
         context().notifyChanged(ui::Change::Journal);

@@ -19,8 +19,9 @@
 #include "food/logic/JournalRows.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "ui/QtText.h"
+#include "model/Clock.h"
 #include "model/ProfileEdits.h"
 
 namespace velmora::food {
@@ -129,8 +130,7 @@ void JournalListPage::rebuild()
     m_tree->clear();
     setUpColumns();
     const model::Store& store = context().store();
-    const auto rows =
-        buildJournalRows(store, static_cast<model::TimeT>(QDateTime::currentSecsSinceEpoch()));
+    const auto rows = buildJournalRows(store, model::now());
 
     QFont dayFont = m_tree->font();
     dayFont.setBold(true);
@@ -205,7 +205,7 @@ void JournalListPage::onDelete()
     if (items.isEmpty())
         return;
     const JournalRowRef ref = refOf(items.front());
-    if (!update::confirmDelete(this, update::MsgDeleteJournalListItem))
+    if (!ui::confirmDelete(this, ui::MsgDeleteJournalListItem))
         return;
     m_tree->clearSelection();
     if (deleteJournalItem(context().store().journal, ref))

@@ -6,14 +6,15 @@
 #include <QMessageBox>
 #include <QSettings>
 
-#include "update/SettingsKeys.h"
+#include "ui/SettingsKeys.h"
 #include "update/UpdateChecker.h"
 
 namespace velmora::update {
 
 QUrl manualUrl()
 {
-    return QUrl(QSettings().value(settings::ManualUrl, settings::DefaultManualUrl).toString());
+    return QUrl(
+        QSettings().value(ui::settings::ManualUrl, ui::settings::DefaultManualUrl).toString());
 }
 
 bool openManual()

@@ -14,7 +14,7 @@
 #include <QSettings>
 #include <QVBoxLayout>
 
-#include "update/SettingsKeys.h"
+#include "ui/SettingsKeys.h"
 
 namespace velmora::update {
 
@@ -25,7 +25,7 @@ QString TipDialog::defaultTipsPath()
 
 bool TipDialog::showAtStartUp()
 {
-    return QSettings().value(settings::TipStartUp, true).toBool();
+    return QSettings().value(ui::settings::TipStartUp, true).toBool();
 }
 
 TipDialog::TipDialog(QWidget* parent, const QString& tipsPath) : QDialog(parent)
@@ -46,11 +46,11 @@ TipDialog::TipDialog(QWidget* parent, const QString& tipsPath) : QDialog(parent)
     // An edited tips file starts again from its first tip.
     QSettings settings;
     const QString stamp = QFileInfo(path).lastModified().toString(Qt::ISODate);
-    if (settings.value(settings::TipTimeStamp).toString() != stamp) {
-        settings.setValue(settings::TipTimeStamp, stamp);
-        settings.setValue(settings::TipFilePos, 0);
+    if (settings.value(ui::settings::TipTimeStamp).toString() != stamp) {
+        settings.setValue(ui::settings::TipTimeStamp, stamp);
+        settings.setValue(ui::settings::TipFilePos, 0);
     }
-    m_index = settings.value(settings::TipFilePos, 0).toInt();
+    m_index = settings.value(ui::settings::TipFilePos, 0).toInt();
     if (m_index < 0 || m_index >= m_tips.size())
         m_index = 0;
 
@@ -108,8 +108,8 @@ void TipDialog::done(int result)
     // The next opening shows the tip after the one seen last.
     QSettings settings;
     if (!m_tips.isEmpty())
-        settings.setValue(settings::TipFilePos, (m_index + 1) % m_tips.size());
-    settings.setValue(settings::TipStartUp, m_startUp->isChecked());
+        settings.setValue(ui::settings::TipFilePos, (m_index + 1) % m_tips.size());
+    settings.setValue(ui::settings::TipStartUp, m_startUp->isChecked());
     QDialog::done(result);
 }
 

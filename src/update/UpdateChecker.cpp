@@ -17,8 +17,8 @@
 #include <QSettings>
 #include <QTimer>
 
-#include "update/Messages.h"
-#include "update/SettingsKeys.h"
+#include "ui/Messages.h"
+#include "ui/SettingsKeys.h"
 
 namespace velmora::update {
 
@@ -64,11 +64,11 @@ UpdateChecker::Actions defaultActions()
     UpdateChecker::Actions a;
     a.askUpdate = [](QWidget* parent) {
         QMessageBox box(QMessageBox::Question, QStringLiteral("New Version Available"),
-                        messageText(MsgNewVersionAvailable), QMessageBox::Yes | QMessageBox::No,
-                        parent);
+                        ui::messageText(ui::MsgNewVersionAvailable),
+                        QMessageBox::Yes | QMessageBox::No, parent);
         return box.exec() == QMessageBox::Yes;
     };
-    a.showMessage = [](QWidget* parent, int id) { update::showMessage(parent, id); };
+    a.showMessage = [](QWidget* parent, int id) { ui::showMessage(parent, id); };
     a.startUpdater = [](const QString& program) {
         return QProcess::startDetached(program, {}, QFileInfo(program).absolutePath());
     };
@@ -92,7 +92,8 @@ UpdateChecker::UpdateChecker(Actions actions) : m_actions(std::move(actions))
 
 QUrl UpdateChecker::versionUrl()
 {
-    return QUrl(QSettings().value(settings::VersionUrl, settings::DefaultVersionUrl).toString());
+    return QUrl(
+        QSettings().value(ui::settings::VersionUrl, ui::settings::DefaultVersionUrl).toString());
 }
 
 QString UpdateChecker::downloadPath()
@@ -142,7 +143,7 @@ UpdateChecker::Outcome UpdateChecker::run(QWidget* parent)
         published = parseVersionText(in.readAll());
 
     if (decideUpdate(published) == UpdateDecision::LatestVersion) {
-        m_actions.showMessage(parent, MsgLatestVersion);
+        m_actions.showMessage(parent, ui::MsgLatestVersion);
         return Outcome::LatestVersion;
     }
     if (!m_actions.askUpdate(parent))
@@ -153,7 +154,7 @@ UpdateChecker::Outcome UpdateChecker::run(QWidget* parent)
         return Outcome::UpdaterStarted;
     // A broken updater is removed so that the next installation brings a fresh one.
     QFile::remove(updater);
-    m_actions.showMessage(parent, MsgUpdateProcessFailed);
+    m_actions.showMessage(parent, ui::MsgUpdateProcessFailed);
     return Outcome::UpdaterFailed;
 }
 

@@ -15,7 +15,7 @@
 #include "app/OptionsDialog.h"
 #include "ui/Page.h"
 #include "app/PageHost.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "update/TipDialog.h"
 #include "test_app_support.h"
 
@@ -147,7 +147,7 @@ private slots:
         model::Store& store = m_app->store();
         store.journal.user.metric = 0;
         store.journal.user.daysInLists = 0; // no entry selected
-        update::setDeleteConfirmationsEnabled(true);
+        ui::setDeleteConfirmationsEnabled(true);
         QSettings().setValue(QStringLiteral("Tip/StartUp"), false);
 
         app::OptionsDialog dialog(store);
@@ -162,7 +162,7 @@ private slots:
 
         QCOMPARE(store.journal.user.metric, ok ? 1 : 0);
         QCOMPARE(store.journal.user.daysInLists, 0); // OK without a selection stores 0
-        QCOMPARE(update::deleteConfirmationsEnabled(), !ok);
+        QCOMPARE(ui::deleteConfirmationsEnabled(), !ok);
         QCOMPARE(update::TipDialog::showAtStartUp(), ok);
     }
 

@@ -12,7 +12,7 @@
 #include "app/UserSession.h"
 #include "model/SafeFile.h"
 #include "model/TextCodec.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "test_app_support.h"
 
 using namespace velmora;
@@ -300,7 +300,7 @@ private slots:
             });
         app.window()->userLogin();
         QVERIFY(script.finished());
-        QCOMPARE(script.messages(), QStringList{update::messageText(update::MsgDeleteUser)});
+        QCOMPARE(script.messages(), QStringList{ui::messageText(ui::MsgDeleteUser)});
         QCOMPARE(afterDelete,
                  (QStringList{QStringLiteral("Example User"), QStringLiteral("Alice")}));
         QCOMPARE(names(app), (std::vector<std::string>{"Example User", "Alice"}));

@@ -20,7 +20,7 @@
 #include "food/logic/CustomFoods.h"
 #include "model/Store.h"
 #include "support/Builders.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "GuiTestSupport.h"
 
 using namespace velmora;
@@ -56,7 +56,7 @@ private:
 void CustomFoodsTest::initTestCase()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-    update::setDeleteConfirmationsEnabled(true);
+    ui::setDeleteConfirmationsEnabled(true);
 }
 
 void CustomFoodsTest::init()

@@ -31,7 +31,7 @@
 #include "food/logic/MealEditing.h"
 #include "model/Store.h"
 #include "test_app_support.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "GuiTestSupport.h"
 
 using namespace velmora;
@@ -127,7 +127,7 @@ private:
 void FoodPageTest::initTestCase()
 {
     test::usePrivateSettings(m_settings.path());
-    update::setDeleteConfirmationsEnabled(true);
+    ui::setDeleteConfirmationsEnabled(true);
 }
 
 void FoodPageTest::init()

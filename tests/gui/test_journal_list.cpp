@@ -23,7 +23,7 @@
 #include "model/DateText.h"
 #include "model/Store.h"
 #include "support/Builders.h"
-#include "update/Messages.h"
+#include "ui/Messages.h"
 #include "GuiTestSupport.h"
 
 using namespace velmora;
@@ -71,7 +71,7 @@ private:
 void JournalListTest::initTestCase()
 {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-    update::setDeleteConfirmationsEnabled(true);
+    ui::setDeleteConfirmationsEnabled(true);
 }
 
 void JournalListTest::init()

@@ -8,8 +8,8 @@
 #include <QTcpSocket>
 #include <QtTest>
 
-#include "update/Messages.h"
-#include "update/SettingsKeys.h"
+#include "ui/Messages.h"
+#include "ui/SettingsKeys.h"
 #include "update/UpdateChecker.h"
 #include "test_app_support.h"
 
@@ -133,9 +133,9 @@ private slots:
         QTest::addColumn<QList<int>>("messages");
         QTest::newRow("131.5 offers the update") << QByteArray("131.5\n") << 1 << QList<int>{};
         QTest::newRow("131 is the latest")
-            << QByteArray("131") << 0 << QList<int>{update::MsgLatestVersion};
+            << QByteArray("131") << 0 << QList<int>{ui::MsgLatestVersion};
         QTest::newRow("text is not newer")
-            << QByteArray("version unknown") << 0 << QList<int>{update::MsgLatestVersion};
+            << QByteArray("version unknown") << 0 << QList<int>{ui::MsgLatestVersion};
     }
 
     void checkAgainstLocalServer()
@@ -145,7 +145,7 @@ private slots:
         QFETCH(QList<int>, messages);
         VersionServer server(body);
         QVERIFY(server.listen());
-        QSettings().setValue(update::settings::VersionUrl, server.url());
+        QSettings().setValue(ui::settings::VersionUrl, server.url());
 
         Recorder recorder; // answers No
         update::UpdateChecker checker(recorder.actions());
@@ -167,7 +167,7 @@ private slots:
     {
         VersionServer server("140");
         QVERIFY(server.listen());
-        QSettings().setValue(update::settings::VersionUrl, server.url());
+        QSettings().setValue(ui::settings::VersionUrl, server.url());
 
         Recorder starts;
         starts.answer = true;
@@ -183,20 +183,19 @@ private slots:
         fails.updaterStarts = false;
         QCOMPARE(update::UpdateChecker(fails.actions()).run(nullptr),
                  update::UpdateChecker::Outcome::UpdaterFailed);
-        QCOMPARE(fails.messages, QList<int>{update::MsgUpdateProcessFailed});
+        QCOMPARE(fails.messages, QList<int>{ui::MsgUpdateProcessFailed});
     }
 
     void theRealQuestionAsksWithItsCaption()
     {
         VersionServer server("131.5");
         QVERIFY(server.listen());
-        QSettings().setValue(update::settings::VersionUrl, server.url());
+        QSettings().setValue(ui::settings::VersionUrl, server.url());
         ModalScript script;
         script.expect(QStringLiteral("New Version Available"),
                       [](QWidget* w) { click(w, QStringLiteral("No")); });
         QCOMPARE(update::UpdateChecker().run(nullptr), update::UpdateChecker::Outcome::Declined);
-        QCOMPARE(script.messages(),
-                 QStringList{update::messageText(update::MsgNewVersionAvailable)});
+        QCOMPARE(script.messages(), QStringList{ui::messageText(ui::MsgNewVersionAvailable)});
     }
 
     void withoutAServerTheLatestVersionIsReported()
@@ -206,7 +205,7 @@ private slots:
         QVERIFY(probe.listen(QHostAddress::LocalHost));
         const quint16 port = probe.serverPort();
         probe.close();
-        QSettings().setValue(update::settings::VersionUrl,
+        QSettings().setValue(ui::settings::VersionUrl,
                              QStringLiteral("http://127.0.0.1:%1/version.txt").arg(port));
 
         // A stale file from an earlier check must not count.
@@ -219,13 +218,13 @@ private slots:
         update::UpdateChecker checker(recorder.actions());
         checker.setTimeout(3000);
         QCOMPARE(checker.run(nullptr), update::UpdateChecker::Outcome::LatestVersion);
-        QCOMPARE(recorder.messages, QList<int>{update::MsgLatestVersion});
+        QCOMPARE(recorder.messages, QList<int>{ui::MsgLatestVersion});
         QCOMPARE(recorder.questions, 0);
     }
 
     void deleteConfirmationCanSwitchItselfOff()
     {
-        update::setDeleteConfirmationsEnabled(true);
+        ui::setDeleteConfirmationsEnabled(true);
         bool boxShown = false;
         ModalScript script;
         script.expect(QStringLiteral("Delete Confirmation"), [&](QWidget* w) {
@@ -235,18 +234,18 @@ private slots:
             box->setChecked(true);
             click(w, QStringLiteral("Yes"));
         });
-        QVERIFY(update::confirmDelete(nullptr, update::MsgDeleteExercise));
+        QVERIFY(ui::confirmDelete(nullptr, ui::MsgDeleteExercise));
         QVERIFY(boxShown);
-        QVERIFY(!update::deleteConfirmationsEnabled());
+        QVERIFY(!ui::deleteConfirmationsEnabled());
 
         // Switched off: yes at once, no dialog.
-        QVERIFY(update::confirmDelete(nullptr, update::MsgDeleteExercise));
+        QVERIFY(ui::confirmDelete(nullptr, ui::MsgDeleteExercise));
         QCOMPARE(script.unexpected(), QStringList());
     }
 
     void forcedConfirmationAsksWithoutTheSwitch()
     {
-        update::setDeleteConfirmationsEnabled(false);
+        ui::setDeleteConfirmationsEnabled(false);
         bool boxShown = true;
         QString text;
         ModalScript script;
@@ -256,20 +255,20 @@ private slots:
                 text += label->text();
             click(w, QStringLiteral("No"));
         });
-        QVERIFY(!update::confirmDelete(nullptr, update::MsgDeleteUser, true));
+        QVERIFY(!ui::confirmDelete(nullptr, ui::MsgDeleteUser, true));
         QVERIFY(!boxShown);
-        QCOMPARE(text, update::messageText(update::MsgDeleteUser));
-        QVERIFY(!update::deleteConfirmationsEnabled());
+        QCOMPARE(text, ui::messageText(ui::MsgDeleteUser));
+        QVERIFY(!ui::deleteConfirmationsEnabled());
     }
 
     void answeringNoKeepsConfirmationsOnWhenTheBoxIsLeftEmpty()
     {
-        update::setDeleteConfirmationsEnabled(true);
+        ui::setDeleteConfirmationsEnabled(true);
         ModalScript script;
         script.expect(QStringLiteral("Delete Confirmation"),
                       [](QWidget* w) { click(w, QStringLiteral("No")); });
-        QVERIFY(!update::confirmDelete(nullptr, update::MsgDeleteRoutine));
-        QVERIFY(update::deleteConfirmationsEnabled());
+        QVERIFY(!ui::confirmDelete(nullptr, ui::MsgDeleteRoutine));
+        QVERIFY(ui::deleteConfirmationsEnabled());
     }
 
 private:

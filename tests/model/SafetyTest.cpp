@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "model/Clock.h"
 #include "model/SafeFile.h"
 #include "model/Store.h"
 #include "model/UserNames.h"
@@ -288,11 +289,31 @@ TEST(DamagedFiles, AUserFileCutInsideItsProfileLeavesTheProfileInMemoryAsItWas)
     cut.resize(handMadeUserRecord().size() - 1); // every field but the last one's final byte
     writeBytes(dir / "Bert.db", cut);
     Store s = storeIn(dir);
+    s.journal.user.height = 123; // the profile in memory, as a previous user left it
     const auto report = s.load();
     EXPECT_FALSE(report.userFileRead);
     ASSERT_EQ(report.damaged.size(), 1u);
     // The half-read record is not used: the profile stays as it was in memory.
-    EXPECT_EQ(s.journal.user.height, User{}.height);
-    EXPECT_NE(User{}.height, 170);
+    EXPECT_EQ(s.journal.user.height, 123);
     EXPECT_TRUE(s.journal.days.empty());
+}
+
+TEST(DamagedFiles, FilesMovedAsideInTheSameSecondGetNumberedNamesAndNothingIsOverwritten)
+{
+    TempDir dir;
+    const FixedClock clock(1700000000);
+    std::vector<fs::path> moved;
+    for (std::uint8_t i = 0; i < 3; ++i) {
+        writeBytes(dir / "velmora.db", {i});
+        auto aside = moveAside(dir / "velmora.db");
+        ASSERT_TRUE(aside.ok());
+        moved.push_back(aside.value());
+    }
+    const std::string first = moved[0].filename().string();
+    EXPECT_EQ(first.rfind("velmora.db.damaged-", 0), 0u) << first;
+    EXPECT_EQ(moved[1].filename().string(), first + "-2");
+    EXPECT_EQ(moved[2].filename().string(), first + "-3");
+    for (std::uint8_t i = 0; i < 3; ++i)
+        EXPECT_EQ(readBytes(moved[i]), (std::vector<std::uint8_t>{i}));
+    EXPECT_FALSE(fs::exists(dir / "velmora.db"));
 }

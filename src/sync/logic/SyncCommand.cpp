@@ -3,6 +3,7 @@
 #include <charconv>
 #include <ostream>
 
+#include "model/DataFolder.h"
 #include "model/Store.h"
 #include "sync/logic/SyncOperation.h"
 
@@ -147,12 +148,12 @@ int runSyncCommand(const std::vector<std::string>& args, std::ostream& out, std:
         // Normalised as a save of the shared file would, then the user's file first while the
         // synchronised user is current; the login stays as it was.
         store.normalise();
-        if (model::Status s = store.saveCurrentUser(false); !s) {
+        if (model::Status s = store.saveCurrentUser(model::Release::No); !s) {
             err << s.error().message() << "\n";
             return 1;
         }
         store.shared.currentUser = static_cast<std::uint8_t>(loggedIn);
-        if (model::Status s = store.saveShared(false); !s) {
+        if (model::Status s = store.saveShared(model::Release::No); !s) {
             err << s.error().message() << "\n";
             return 1;
         }

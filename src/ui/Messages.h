@@ -4,16 +4,17 @@
 
 class QWidget;
 
-namespace velmora::update {
+namespace velmora::ui {
 
 // Numbers of the program's message texts. 9000..9015 are delete confirmations, shown through
 // confirmDelete(); the others are plain messages or questions.
-enum MessageId : int {
-    MsgRemoveVariable = 9000,     // also the question for deleting a variable definition
+enum MessageId : int
+{
+    MsgRemoveVariable = 9000, // also the question for deleting a variable definition
     MsgDeleteField = 9001,
     MsgDeleteExercise = 9002,
     MsgDeleteRoutine = 9003,
-    MsgDeleteFoodItem = 9004,     // food page "&Remove"
+    MsgDeleteFoodItem = 9004, // food page "&Remove"
     MsgDeleteCustomFood = 9005,
     MsgDeleteJournalEntry = 9006, // journal notes "Clear Entry"
     MsgDeleteUser = 9007,
@@ -51,8 +52,9 @@ bool askYesNoText(QWidget* parent, const QString& text, const QString& caption =
 // off. True for "Yes".
 bool confirmDelete(QWidget* parent, int id, bool force = false);
 
-// The application-wide delete-confirmation switch (kept in the settings between runs; on by default).
+// The application-wide delete-confirmation switch (kept in the settings between runs; on by
+// default).
 bool deleteConfirmationsEnabled();
 void setDeleteConfirmationsEnabled(bool on);
 
-} // namespace velmora::update
+} // namespace velmora::ui

@@ -1,6 +1,6 @@
 // Message boxes and the delete confirmation, with the texts of the message table.
 
-#include "update/Messages.h"
+#include "ui/Messages.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -11,9 +11,9 @@
 #include <QSettings>
 #include <QVBoxLayout>
 
-#include "update/SettingsKeys.h"
+#include "ui/SettingsKeys.h"
 
-namespace velmora::update {
+namespace velmora::ui {
 
 namespace {
 
@@ -90,4 +90,4 @@ void setDeleteConfirmationsEnabled(bool on)
     QSettings().setValue(settings::DeleteConfirmations, on);
 }
 
-} // namespace velmora::update
+} // namespace velmora::ui

@@ -4,7 +4,7 @@
 
 // The program's settings, kept with QSettings under the organisation "Orvane" and the application
 // "Velmora".
-namespace velmora::update::settings {
+namespace velmora::ui::settings {
 
 inline const QString DeleteConfirmations = QStringLiteral("Options/DeleteConfirmations");
 inline const QString VersionUrl = QStringLiteral("Update/VersionUrl");
@@ -16,4 +16,4 @@ inline const QString TipTimeStamp = QStringLiteral("Tip/TimeStamp");
 inline const QString DefaultVersionUrl = QStringLiteral("https://www.velmora.example/version.txt");
 inline const QString DefaultManualUrl = QStringLiteral("https://www.velmora.example/manual/");
 
-} // namespace velmora::update::settings
+} // namespace velmora::ui::settings
