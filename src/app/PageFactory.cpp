@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "analysis/DietGoalsDialog.h"
+#include "analysis/GraphsPage.h"
 #include "app/AppContext.h"
 #include "app/Page.h"
 #include "food/FoodFinderDialog.h"
@@ -58,7 +60,7 @@ Page* createPage(int index, AppContext& context, QWidget* parent)
     case 4:
         return new TitlePage(QStringLiteral("Fitness Log"), context, parent);
     case 5:
-        return new TitlePage(QStringLiteral("Graphs"), context, parent);
+        return new analysis::GraphsPage(context, parent);
     default:
         return nullptr;
     }
@@ -72,8 +74,8 @@ void openFoodFinder(AppContext& context)
 
 void openDietGoals(AppContext& context)
 {
-    update::showMessageText(context.mainWindow(),
-                            QStringLiteral("The Diet Goals are not available yet."));
+    analysis::DietGoalsDialog dialog(context, context.mainWindow());
+    dialog.exec();
 }
 
 } // namespace velmora::app
