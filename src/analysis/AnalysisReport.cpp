@@ -9,6 +9,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QSaveFile>
+#include <QWidget>
 
 #include "analysis/QtText.h"
 #include "analysis/logic/ReportPages.h"
@@ -187,6 +188,7 @@ void previewAnalysisReport(QWidget* parent, const AnalysisReportContent& report)
     printer.setPageMargins(QMarginsF(18, 18, 18, 18), QPageLayout::Millimeter);
     QPrintPreviewDialog preview(&printer, parent);
     preview.setWindowTitle(QStringLiteral("Print Preview"));
+    preview.resize(parent != nullptr ? parent->window()->size() * 0.9 : QSize(900, 700));
     QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
                      [&report](QPrinter* target) {
                          QPainter painter(target);

@@ -189,10 +189,13 @@ int GraphView::addCurve(const Series& series, const QColor& colour)
     if (!share) {
         curve.axis->setTitleText(line->name());
         colourAxis(curve.axis, colour);
-        // Alternate sides so that the axes do not crowd one edge; the base's axis gives way.
-        const bool left = m_leftAxes <= m_rightAxes;
-        if (m_curves.size() == 1)
+        // The base's axis gives way to the first curve's; then the sides alternate so that the
+        // axes do not crowd one edge.
+        if (m_curves.size() == 1 && m_curves.front().axis->isVisible()) {
             m_curves.front().axis->hide();
+            --m_leftAxes;
+        }
+        const bool left = m_leftAxes <= m_rightAxes;
         c->addAxis(curve.axis, left ? Qt::AlignLeft : Qt::AlignRight);
         (left ? m_leftAxes : m_rightAxes) += 1;
         if (!series.ownAxisShown)

@@ -14,6 +14,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShowEvent>
 #include <QStackedWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -185,6 +186,18 @@ void GraphsPage::refreshPage()
     m_to->setDisplayFormat(format);
     // The records may have changed under every curve: start the mode afresh.
     chooseMode(m_mode);
+}
+
+void GraphsPage::showEvent(QShowEvent* event)
+{
+    app::Page::showEvent(event);
+    if (event->spontaneous())
+        return; // the window came back from the task bar: nothing changed meanwhile
+    // Curves the user added stay; the table and the diet plan follow the records.
+    if (m_mode == Mode::Advanced)
+        updateEnabling();
+    else
+        refreshPage();
 }
 
 void GraphsPage::updateEnabling()
@@ -404,6 +417,7 @@ void GraphsPage::printGraph()
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintPreviewDialog preview(&printer, this);
     preview.setWindowTitle(QStringLiteral("Print Preview"));
+    preview.resize(window()->size() * 0.9);
     connect(&preview, &QPrintPreviewDialog::paintRequested, this, [this](QPrinter* target) {
         QPainter painter;
         if (!painter.begin(target))

@@ -43,6 +43,11 @@ public:
     Mode mode() const { return m_mode; }
     GraphView* graph() const { return m_graph; }
 
+protected:
+    // The page host does not refresh this page with the others: it brings itself up to date
+    // whenever it comes into view.
+    void showEvent(QShowEvent* event) override;
+
 private:
     model::CalendarDate from() const;
     model::CalendarDate to() const;

@@ -75,7 +75,8 @@ void openFoodFinder(AppContext& context)
 void openDietGoals(AppContext& context)
 {
     analysis::DietGoalsDialog dialog(context, context.mainWindow());
-    dialog.exec();
+    if (dialog.exec() == QDialog::Accepted)
+        context.refreshAllPages(); // the food page's goal pie shows the new goals
 }
 
 } // namespace velmora::app
