@@ -54,6 +54,10 @@ void PageHost::refreshAll()
         if (Page* p = page(k))
             p->refreshPage();
     }
+    // The graphs page brings itself up to date as it comes into view; while in view it follows
+    // the others.
+    if (m_current == 5)
+        page(5)->refreshPage();
 }
 
 void PageHost::storeCurrent()
