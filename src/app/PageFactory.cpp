@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "analysis/DietGoalsDialog.h"
+#include "analysis/GraphsPage.h"
 #include "ui/AppContext.h"
 #include "ui/Page.h"
 #include "food/FoodFinderDialog.h"
@@ -58,7 +60,7 @@ ui::Page* createPage(ui::PageId id, ui::AppContext& context, QWidget* parent)
     case ui::PageId::FitnessLog:
         return new TitlePage(QStringLiteral("Fitness Log"), context, parent);
     case ui::PageId::Graphs:
-        return new TitlePage(QStringLiteral("Graphs"), context, parent);
+        return new analysis::GraphsPage(context, parent);
     }
     return nullptr;
 }
@@ -71,8 +73,9 @@ void openFoodFinder(ui::AppContext& context)
 
 void openDietGoals(ui::AppContext& context)
 {
-    ui::showMessageText(context.mainWindow(),
-                        QStringLiteral("The Diet Goals are not available yet."));
+    analysis::DietGoalsDialog dialog(context, context.mainWindow());
+    if (dialog.exec() == QDialog::Accepted)
+        context.refreshAllPages(); // the food page's goal pie shows the new goals
 }
 
 } // namespace velmora::app

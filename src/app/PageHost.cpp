@@ -58,6 +58,10 @@ void PageHost::refreshAll()
         if (ui::Page* p = m_pages[slot(id)])
             p->refreshPage();
     }
+    // The graphs page brings itself up to date as it comes into view; while in view it follows
+    // the others.
+    if (m_current == 5)
+        page(5)->refreshPage();
 }
 
 void PageHost::storeCurrent()
