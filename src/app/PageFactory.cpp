@@ -8,6 +8,9 @@
 
 #include "app/AppContext.h"
 #include "app/Page.h"
+#include "fitness/FitnessLogPage.h"
+#include "fitness/HealthPage.h"
+#include "fitness/NotesPage.h"
 #include "food/FoodFinderDialog.h"
 #include "food/FoodPage.h"
 #include "food/JournalListPage.h"
@@ -50,13 +53,13 @@ Page* createPage(int index, AppContext& context, QWidget* parent)
     case 0:
         return new food::FoodPage(context, parent);
     case 1:
-        return new TitlePage(QStringLiteral("Health"), context, parent);
+        return new fitness::HealthPage(context, parent);
     case 2:
         return new food::JournalListPage(context, parent);
     case 3:
-        return new TitlePage(QStringLiteral("Journal Notes"), context, parent);
+        return new fitness::NotesPage(context, parent);
     case 4:
-        return new TitlePage(QStringLiteral("Fitness Log"), context, parent);
+        return new fitness::FitnessLogPage(context, parent);
     case 5:
         return new TitlePage(QStringLiteral("Graphs"), context, parent);
     default:
