@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIntValidator>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -57,8 +58,12 @@ DefineActivityDialog::DefineActivityDialog(float weight, int calories, QWidget* 
     result->addWidget(m_caloriesEdit);
     result->addWidget(estimate);
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("Activity &Level:"), level);
-    form->addRow(QStringLiteral("&Calories Used:"), result);
+    auto* levelLabel = new QLabel(QStringLiteral("Activity &Level:"), this);
+    levelLabel->setBuddy(m_level);
+    auto* caloriesLabel = new QLabel(QStringLiteral("&Calories Used:"), this);
+    caloriesLabel->setBuddy(m_caloriesEdit);
+    form->addRow(levelLabel, level);
+    form->addRow(caloriesLabel, result);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     auto* layout = new QVBoxLayout(this);

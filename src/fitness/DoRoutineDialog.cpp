@@ -85,6 +85,8 @@ DoRoutineDialog::DoRoutineDialog(app::AppContext& context, model::WorkoutEntry w
     m_time = new QTimeEdit(when.time(), this);
     m_time->setObjectName(QStringLiteral("workoutTime"));
     m_time->setDisplayFormat(timeFormat(metric));
+    m_time->setMaximumWidth(140);
+    m_date->setMaximumWidth(160);
     m_calories = new QLineEdit(QString::number(m_workout.calories), this);
     m_calories->setObjectName(QStringLiteral("calories"));
     auto* estimate = new QPushButton(QStringLiteral("<- E&stimate"), this);
@@ -96,6 +98,7 @@ DoRoutineDialog::DoRoutineDialog(app::AppContext& context, model::WorkoutEntry w
 
     m_sets = new QListWidget(this);
     m_sets->setObjectName(QStringLiteral("sets"));
+    m_sets->setMaximumWidth(260);
     m_up = new QPushButton(QStringLiteral("&Up"), this);
     m_down = new QPushButton(QStringLiteral("Do&wn"), this);
     m_add = new QPushButton(QStringLiteral("&Add"), this);
@@ -116,6 +119,7 @@ DoRoutineDialog::DoRoutineDialog(app::AppContext& context, model::WorkoutEntry w
     m_table->setItemDelegateForColumn(1, new ValueDelegate(m_table));
     m_table->setTabKeyNavigation(false);
     m_table->setMinimumWidth(FieldColumnWidth + ValueColumnWidth + 100);
+    m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     auto* top = new QGridLayout;
     auto label = [this](const QString& text, QWidget* buddy) {
@@ -146,8 +150,8 @@ DoRoutineDialog::DoRoutineDialog(app::AppContext& context, model::WorkoutEntry w
     right->addWidget(m_heading);
     right->addWidget(m_table, 1);
     auto* middle = new QHBoxLayout;
-    middle->addLayout(left);
-    middle->addLayout(right, 1);
+    middle->addLayout(left, 1);
+    middle->addLayout(right, 2);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     auto* layout = new QVBoxLayout(this);

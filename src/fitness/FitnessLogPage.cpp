@@ -51,7 +51,7 @@ FitnessLogPage::FitnessLogPage(app::AppContext& context, QWidget* parent)
     m_edit = new QPushButton(QStringLiteral("&Edit..."), this);
     m_delete = new QPushButton(QStringLiteral("&Delete"), this);
     auto* columns = new QPushButton(QStringLiteral("&Columns..."), this);
-    auto* fields = new QPushButton(QStringLiteral("Define &Fields..."), this);
+    auto* fields = new QPushButton(QStringLiteral("Define F&ields..."), this);
     auto* exercises = new QPushButton(QStringLiteral("Define E&xercises..."), this);
     auto* routines = new QPushButton(QStringLiteral("Define R&outines..."), this);
 
@@ -195,7 +195,11 @@ void FitnessLogPage::updateButtons()
     const bool workout = selectedWorkout().has_value();
     m_edit->setEnabled(workout);
     m_delete->setEnabled(workout);
-    m_doRoutine->setEnabled(!context().store().shared.routines.empty());
+    const bool routines = !context().store().shared.routines.empty();
+    m_doRoutine->setEnabled(routines);
+    m_doRoutine->setToolTip(routines ? QString()
+                                     : QStringLiteral("Define a routine first with \"Define "
+                                                      "Routines...\""));
     const model::Store& store = context().store();
     const auto ref = selectedRef();
     context().showStatus(ref ? fromUtf8(fitnessStatusText(store.shared, store.journal, *ref))

@@ -68,6 +68,8 @@ HealthPage::HealthPage(app::AppContext& context, QWidget* parent) : app::Page(co
     m_previous = new QListWidget(this);
     m_previous->setObjectName(QStringLiteral("previousEntries"));
     m_previous->setMinimumWidth(110);
+    m_previous->setMaximumWidth(170);
+    m_date->setMaximumWidth(170);
 
     auto* left = new QVBoxLayout;
     left->addWidget(m_date);
@@ -99,6 +101,7 @@ QWidget* HealthPage::buildValues()
 
     m_wake = new QTimeEdit(box);
     m_wake->setObjectName(QStringLiteral("wakeTime"));
+    m_wake->setMaximumWidth(120);
     m_heightFirst = valueEdit(box, "heightFirst");
     m_heightInches = valueEdit(box, "heightInches");
     m_heightUnit = new QLabel(QStringLiteral("ft"), box);

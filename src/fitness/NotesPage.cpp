@@ -40,6 +40,7 @@ NotesPage::NotesPage(app::AppContext& context, QWidget* parent) : app::Page(cont
     m_previous = new QListWidget(this);
     m_previous->setObjectName(QStringLiteral("previousEntries"));
     m_previous->setMinimumWidth(110);
+    m_previous->setMaximumWidth(200);
 
     auto* top = new QHBoxLayout;
     top->addWidget(m_date);
