@@ -100,6 +100,12 @@ void FitnessLogPage::refreshPage()
     rebuild();
 }
 
+void FitnessLogPage::showEvent(QShowEvent* event)
+{
+    app::Page::showEvent(event);
+    rebuild();
+}
+
 void FitnessLogPage::storePage()
 {
     // Workouts and column choices are written into the store as they happen.

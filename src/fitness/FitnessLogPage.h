@@ -25,6 +25,10 @@ public:
     void storePage() override;
     QString pageTitle() const override;
 
+protected:
+    // The rows are rebuilt whenever the page comes into view.
+    void showEvent(QShowEvent* event) override;
+
 private:
     void rebuild();
     void setUpColumns();
