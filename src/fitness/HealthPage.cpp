@@ -244,7 +244,9 @@ void HealthPage::refreshPage()
 
 void HealthPage::storePage()
 {
-    storeShown();
+    // The shell stores the page before saves, which may come while a value is half typed: a value
+    // that is not a number is left out quietly here and refused when the user leaves the day.
+    storeShown(false);
 }
 
 void HealthPage::applyUnits()
@@ -257,13 +259,14 @@ void HealthPage::applyUnits()
     m_wake->setDisplayFormat(timeFormat(isMetric));
 }
 
-bool HealthPage::readControls()
+bool HealthPage::readControls(bool say)
 {
     std::array<float, ValueCount> values{};
     for (int v = 0; v < ValueCount; ++v) {
         const auto number = parseNumber(m_values[v]->text().toStdString());
         if (!number) {
-            refuseNotANumber(m_values[v]);
+            if (say)
+                refuseNotANumber(m_values[v]);
             return false;
         }
         values[v] = static_cast<float>(*number);
@@ -274,7 +277,8 @@ bool HealthPage::readControls()
         const bool hidden = edit == m_heightInches && metric();
         const auto number = parseNumber(hidden ? std::string() : edit->text().toStdString());
         if (!number) {
-            refuseNotANumber(edit);
+            if (say)
+                refuseNotANumber(edit);
             return false;
         }
         (edit == m_heightFirst ? height.first : height.second) = static_cast<float>(*number);
@@ -298,9 +302,9 @@ bool HealthPage::readControls()
     return true;
 }
 
-bool HealthPage::storeShown()
+bool HealthPage::storeShown(bool say)
 {
-    if (!readControls())
+    if (!readControls(say))
         return false;
     if (storeHealthEntry(context().store().journal, m_shown, m_entry))
         context().markModified();
@@ -457,7 +461,10 @@ void HealthPage::onAddVariable()
     QMenu menu(this);
     for (const model::UserVariable& v : store.shared.variables)
         menu.addAction(fromRecord(v.name))->setData(v.id);
-    QAction* chosen = menu.exec(QCursor::pos());
+    // From the keyboard the menu opens at the button, from the mouse at the cursor.
+    const QPoint at =
+        m_add->underMouse() ? QCursor::pos() : m_add->mapToGlobal(QPoint(0, m_add->height()));
+    QAction* chosen = menu.exec(at);
     if (!chosen)
         return;
     const std::int32_t id = chosen->data().toInt();

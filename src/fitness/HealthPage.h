@@ -51,11 +51,11 @@ private:
     QWidget* buildValues();
     QWidget* buildVariables();
 
-    // Reads the controls into the working entry; false (after saying so) when an edit does not
-    // hold a number, and the working entry is left as it was.
-    bool readControls();
+    // Reads the controls into the working entry; false when an edit does not hold a number, and
+    // the working entry is left as it was. With say set, the refusal is told and the edit focused.
+    bool readControls(bool say = true);
     // Reads the controls and stores the working entry into the day shown; false when refused.
-    bool storeShown();
+    bool storeShown(bool say = true);
     // Shows the entry of date, storing the shown one first when store is set.
     void load(const model::CalendarDate& date, bool store);
     void showEntry();
