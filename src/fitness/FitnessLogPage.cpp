@@ -1,5 +1,7 @@
 #include "fitness/FitnessLogPage.h"
 
+#include <algorithm>
+
 #include <QCursor>
 #include <QDateTime>
 #include <QFontMetrics>
@@ -162,6 +164,12 @@ void FitnessLogPage::rebuild()
             reselect = item;
     }
     m_tree->expandAll();
+    // Without a saved width the date column is at least wide enough for its rows.
+    if (context().store().journal.user.fitnessColumnWidths[0] <= 0) {
+        m_tree->resizeColumnToContents(0);
+        m_tree->setColumnWidth(
+            0, std::max(dateColumnWidth(context().store().journal.user), m_tree->columnWidth(0)));
+    }
     if (reselect)
         m_tree->setCurrentItem(reselect);
     m_building = false;
