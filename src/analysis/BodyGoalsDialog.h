@@ -8,7 +8,7 @@
 
 class QLineEdit;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 

@@ -14,7 +14,7 @@ class QRadioButton;
 class QSpinBox;
 class QTableWidget;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 

@@ -60,8 +60,9 @@ void PageHost::refreshAll()
     }
     // The graphs page brings itself up to date as it comes into view; while in view it follows
     // the others.
-    if (m_current == 5)
-        page(5)->refreshPage();
+    if (m_current == ui::PageId::Graphs)
+        if (ui::Page* p = m_pages[slot(ui::PageId::Graphs)])
+            p->refreshPage();
 }
 
 void PageHost::storeCurrent()

@@ -5,7 +5,7 @@
 class QComboBox;
 class QPushButton;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 

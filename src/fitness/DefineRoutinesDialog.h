@@ -8,7 +8,7 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 

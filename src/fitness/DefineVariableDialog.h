@@ -12,7 +12,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 

@@ -17,7 +17,7 @@ class QPushButton;
 class QTableWidget;
 class QTimeEdit;
 
-namespace velmora::app {
+namespace velmora::ui {
 class AppContext;
 }
 

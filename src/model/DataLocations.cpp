@@ -68,10 +68,23 @@ fs::path DataLocations::foodsToLoad() const
     return dataDir / "foods.db";
 }
 
+fs::path installedShareDir(const fs::path& programDir)
+{
+    return clean(programDir / ".." / "share" / "velmora");
+}
+
 DataLocations findDataLocations(const DataSearch& search)
 {
     DataLocations out;
-    out.dataDir = clean(search.dataDirOption.empty() ? search.programDir : search.dataDirOption);
+    // The program's folder holds the data only in a portable or build layout (foods.db or
+    // velmora.db beside the program); an installed program keeps every user's journals in their
+    // own per-user folder, even where its folder could be written (as root).
+    const bool portable = isFile(search.programDir / "foods.db") ||
+                          isFile(search.programDir / "velmora.db");
+    const fs::path chosen = !search.dataDirOption.empty() ? search.dataDirOption
+                            : portable                    ? search.programDir
+                                                          : search.perUserDir;
+    out.dataDir = clean(chosen);
     if (!folderWritable(out.dataDir)) {
         std::error_code ec;
         fs::create_directories(search.perUserDir, ec);
@@ -87,8 +100,10 @@ DataLocations findDataLocations(const DataSearch& search)
         return out;
     }
     // The data folder's own copy first (a folder chosen with --data-dir may bring one), then the
-    // one shipped beside the program, then the installed data folders.
-    std::vector<fs::path> candidates{out.dataDir / "foods.db", search.programDir / "foods.db"};
+    // one shipped beside the program, then the installed share folder ("../share/velmora" from the
+    // program), then the platform's installed data folders.
+    std::vector<fs::path> candidates{out.dataDir / "foods.db", search.programDir / "foods.db",
+                                     installedShareDir(search.programDir) / "foods.db"};
     for (const fs::path& dir : search.installedDirs)
         candidates.push_back(dir / "foods.db");
     for (const fs::path& candidate : candidates) {

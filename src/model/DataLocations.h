@@ -27,10 +27,15 @@ struct DataLocations
     std::filesystem::path foodsToLoad() const;
 };
 
-// The data folder: the given one, else the program's folder; a folder that cannot be written
+// The folder an installed program keeps its read-only files in: "PREFIX/share/velmora" for a
+// program in "PREFIX/bin".
+std::filesystem::path installedShareDir(const std::filesystem::path& programDir);
+
+// The data folder: the given one, else the program's folder when it holds "foods.db" or
+// "velmora.db" (a portable or build layout), else the per-user folder; a folder that cannot be written
 // (created if needed, then probed with a temporary file) is replaced by the per-user folder.
-// "foods.db" is looked for in the data folder, then beside the program, then in the installed
-// folders, each place once; a file named with --foods is the only place looked at. Paths are
+// "foods.db" is looked for in the data folder, then beside the program, then in the installed share
+// folder, then in the installed folders, each place once; a file named with --foods is the only place looked at. Paths are
 // absolute and lexically normal. Never fails: a missing "foods.db" leaves foodsPath empty.
 DataLocations findDataLocations(const DataSearch& search);
 

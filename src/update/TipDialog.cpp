@@ -20,7 +20,12 @@ namespace velmora::update {
 
 QString TipDialog::defaultTipsPath()
 {
-    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("tips.txt"));
+    // Beside the program first, then in the installed share folder ("../share/velmora").
+    const QDir programDir(QCoreApplication::applicationDirPath());
+    const QString beside = programDir.filePath(QStringLiteral("tips.txt"));
+    const QString installed =
+        QDir::cleanPath(programDir.filePath(QStringLiteral("../share/velmora/tips.txt")));
+    return QFileInfo::exists(beside) || !QFileInfo::exists(installed) ? beside : installed;
 }
 
 bool TipDialog::showAtStartUp()

@@ -208,9 +208,49 @@ TEST(Cli, ResaveReportsADamagedFileKeepsItAsideAndSavesWhatWasWhole)
 TEST(Cli, HelpForEveryCommand)
 {
     TempDir dir;
-    for (const char* c : {"--help", "rewrite --help", "dump --help", "resave --help"}) {
+    for (const char* c : {"--help", "rewrite --help", "dump --help", "resave --help", "report --help",
+                          "export --help", "import-health --help", "sync --help"}) {
         const CliRun r = cli(dir, c);
         EXPECT_EQ(r.exitCode, 0) << c;
         EXPECT_NE(r.out.find("Usage: velmora-cli"), std::string::npos) << c;
     }
+}
+
+// The commands that work on one user's journal: their exit codes and what they print or write.
+TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
+{
+    TempDir dir;
+    fs::copy(Canonical, dir.path(), fs::copy_options::recursive);
+    const std::string where =
+        " --data-dir " + quote(dir.path().string()) + " --foods " + quote((dir / "foods.db").string());
+    std::ofstream(dir / "weigh-ins.csv") << "Date,Weight (kg)\n2020-01-03,80.5\n2020-01-04,abc\n";
+    const std::string csv = quote((dir / "weigh-ins.csv").string());
+    const std::string out = quote((dir / "export").string());
+    struct Case
+    {
+        std::string args;
+        int exitCode;
+        std::string inOut; // printed on standard output
+    };
+    const Case cases[] = {
+        {"report" + where + " --from 2020-01-01 --to 2020-01-31", 0,
+         "Nutrient\tAvg\tDaily Goal\tNet\nEnergy\t"},
+        {"report" + where + " --from 2020-01-31 --to 2020-01-01", 0, "Nutrient\tAvg\tDaily Goal\tNet\n"},
+        {"report" + where + " --from 2020-01-01 --to 2020-01-31 --csv", 0, "Nutrient,Avg,Daily Goal,Net"},
+        {"report" + where + " --from 2020-02-30 --to 2020-03-01", 2, ""},
+        {"report" + where + " --user Nobody --from 2020-01-01 --to 2020-01-31", 2, ""},
+        {"report" + where + " --from 2020-01-01", 2, ""},
+        {"export" + where + " --out " + out, 0, "Exported 1 days (2 servings"},
+        {"import-health" + where + " " + csv, 1, "Line 3 skipped"},
+        {"import-health" + where + " " + csv + " --yes", 0, "Imported 1 values"},
+        {"import-health" + where + " " + csv + " --yes", 0, "Nothing to import"},
+        {"import-health" + where + " " + quote((dir / "missing.csv").string()), 2, ""},
+    };
+    for (const Case& c : cases) {
+        const CliRun r = cli(dir, c.args);
+        EXPECT_EQ(r.exitCode, c.exitCode) << c.args << "\n" << r.err;
+        EXPECT_NE(r.out.find(c.inOut), std::string::npos) << c.args << "\n" << r.out;
+    }
+    EXPECT_TRUE(fs::exists(dir / "export" / "servings.csv"));
+    EXPECT_TRUE(fs::exists(dir / "export" / "daily.csv"));
 }

@@ -46,6 +46,7 @@ TEST(DataLocations, FoodsAreFoundInTheDataFolderThenBesideTheProgramThenInstalle
     const fs::path inProgram = program / "foods.db";
     const fs::path inInstalled = installed / "foods.db";
     const fs::path named = root / "elsewhere" / "mine.db";
+    const fs::path inShare = root / "share" / "velmora" / "foods.db"; // "bin/../share/velmora"
     const Case cases[] = {
         {"own copy first", data, {}, {inData, inProgram}, data, inData, inData},
         {"the program's copy for a data folder without one",
@@ -70,11 +71,25 @@ TEST(DataLocations, FoodsAreFoundInTheDataFolderThenBesideTheProgramThenInstalle
          program,
          inProgram,
          inProgram},
+        {"an installed program: its share folder's copy, the journals in the per-user folder",
+         {},
+         {},
+         {inShare, inInstalled},
+         perUser,
+         inShare,
+         inShare},
+        {"the share folder comes before the platform's installed folders",
+         data,
+         {},
+         {inShare, inInstalled},
+         data,
+         inShare,
+         inShare},
         {"a named file is the only place", data, named, {inData}, data, {}, named},
         {"a named file that exists", data, named, {named, inData}, data, named, named},
     };
     for (const Case& c : cases) {
-        for (const fs::path& p : {inData, inProgram, inInstalled, named})
+        for (const fs::path& p : {inData, inProgram, inInstalled, inShare, named})
             fs::remove(p);
         for (const fs::path& p : c.present)
             touch(p);
@@ -90,7 +105,7 @@ TEST(DataLocations, FoodsAreFoundInTheDataFolderThenBesideTheProgramThenInstalle
     DataSearch same{program / "", {}, program, perUser, {program, installed}};
     const DataLocations where = findDataLocations(same);
     EXPECT_EQ(where.dataDir, program);
-    EXPECT_EQ(where.searched, (std::vector<fs::path>{inProgram, inInstalled}));
+    EXPECT_EQ(where.searched, (std::vector<fs::path>{inProgram, inShare, inInstalled}));
 }
 
 TEST(DataLocations, AFolderThatCannotBeWrittenGivesWayToThePerUserFolder)

@@ -9,8 +9,9 @@ complain() { echo "FAIL: $*" >&2; status=1; }
 # Every command that --help lists has its own entry in the manual page.
 commands=$("$cli" --help | sed -n '/^Commands:/,/^$/p' | awk '/^  [a-z]/ {print $1}')
 [ -n "$commands" ] || complain "velmora-cli --help lists no commands"
+page="$(sed 's/\\-/-/g' "$man")"
 for c in $commands; do
-    grep -Eq "^\.B[IR]? \"?$c[ \"]" "$man" || complain "the manual page has no entry for the command '$c'"
+    grep -Eq "^\.B[IR]? \"?$c[ \"]" <<<"$page" || complain "the manual page has no entry for the command '$c'"
 done
 groff -t -man -ww -z "$man" 2>"$build/manpage-warnings.txt" || complain "groff cannot read the manual page"
 [ -s "$build/manpage-warnings.txt" ] && complain "man reports: $(cat "$build/manpage-warnings.txt")"

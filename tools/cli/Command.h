@@ -1,7 +1,15 @@
 #pragma once
 
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "model/DateText.h"
+
+namespace velmora::model {
+class Store;
+}
 
 namespace velmora::cli {
 
@@ -23,6 +31,15 @@ std::string dumpHelp();
 int resaveCommand(const std::vector<std::string>& args, const char* argv0);
 std::string resaveHelp();
 
+int reportCommand(const std::vector<std::string>& args, const char* argv0);
+std::string reportHelp();
+int exportCommand(const std::vector<std::string>& args, const char* argv0);
+std::string exportHelp();
+int importHealthCommand(const std::vector<std::string>& args, const char* argv0);
+std::string importHealthHelp();
+int syncCommand(const std::vector<std::string>& args, const char* argv0);
+std::string syncHelp();
+
 // Shared by the commands.
 bool wantsHelp(const std::vector<std::string>& args);
 int fail(const std::string& message);   // prints "velmora-cli: message"; returns 1
@@ -30,5 +47,25 @@ int usage(const std::string& help);     // prints the help on standard error; re
 int printHelp(const std::string& help); // prints the help on standard output; returns 0
 // "foods (foods.db), shared (velmora.db), user (a user's journal file)".
 std::string kindList();
+// The folder that holds the running velmora-cli.
+std::filesystem::path programFolder(const char* argv0);
+// "YYYY-MM-DD" as a local calendar date; nothing for any other text or an impossible date.
+std::optional<model::CalendarDate> parseIsoDate(const std::string& text);
+
+// Where a command that works on one user's journal finds its data: --data-dir, --foods and --user
+// (default: the current user of velmora.db).
+struct UserDataOptions
+{
+    std::filesystem::path dataDir;
+    std::filesystem::path foods;
+    std::string user;
+};
+// Takes "--data-dir DIR", "--foods FILE" and "--user NAME" out of args into options; false when
+// one of them has no value.
+bool takeUserDataOptions(std::vector<std::string>& args, UserDataOptions& options);
+// Loads the data folder as the program does and makes the named user current (in memory only).
+// Returns 0, or prints one line on standard error and returns 2: no food database, a file that
+// cannot be read whole, an unknown user.
+int loadUserStore(const UserDataOptions& options, const char* argv0, model::Store& store);
 
 } // namespace velmora::cli

@@ -1,8 +1,12 @@
 #include "Command.h"
 
+#include <charconv>
 #include <cstdio>
 
+#include "model/DataLocations.h"
 #include "model/FileKinds.h"
+#include "model/Store.h"
+#include "model/TextCodec.h"
 
 namespace velmora::cli {
 
@@ -41,6 +45,99 @@ std::string kindList()
         out += std::string(k.name) + " (" + std::string(k.description) + ")";
     }
     return out;
+}
+
+namespace fs = std::filesystem;
+
+fs::path programFolder(const char* argv0)
+{
+#if defined(__linux__)
+    std::error_code ec;
+    const fs::path self = fs::read_symlink("/proc/self/exe", ec);
+    if (!ec)
+        return self.parent_path();
+#endif
+    std::error_code ec2;
+    const fs::path p = fs::absolute(argv0, ec2);
+    return ec2 ? fs::current_path() : p.parent_path();
+}
+
+std::optional<model::CalendarDate> parseIsoDate(const std::string& text)
+{
+    if (text.size() != 10 || text[4] != '-' || text[7] != '-')
+        return std::nullopt;
+    auto number = [&](std::size_t at, std::size_t length, int& out) {
+        const char* first = text.data() + at;
+        const auto [end, ec] = std::from_chars(first, first + length, out);
+        return ec == std::errc() && end == first + length;
+    };
+    model::CalendarDate d;
+    if (!number(0, 4, d.year) || !number(5, 2, d.month) || !number(8, 2, d.day))
+        return std::nullopt;
+    static constexpr int Days[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (d.month < 1 || d.month > 12 || d.day < 1 || d.day > Days[d.month - 1])
+        return std::nullopt;
+    const bool leap = (d.year % 4 == 0 && d.year % 100 != 0) || d.year % 400 == 0;
+    if (d.month == 2 && d.day == 29 && !leap)
+        return std::nullopt;
+    return d;
+}
+
+bool takeUserDataOptions(std::vector<std::string>& args, UserDataOptions& options)
+{
+    std::vector<std::string> rest;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        if (a == "--data-dir" || a == "--foods" || a == "--user") {
+            if (i + 1 >= args.size())
+                return false;
+            const std::string& v = args[++i];
+            if (a == "--data-dir")
+                options.dataDir = v;
+            else if (a == "--foods")
+                options.foods = v;
+            else
+                options.user = v;
+        } else {
+            rest.push_back(a);
+        }
+    }
+    args = std::move(rest);
+    return true;
+}
+
+int loadUserStore(const UserDataOptions& options, const char* argv0, model::Store& store)
+{
+    model::DataSearch search;
+    search.dataDirOption = options.dataDir;
+    search.foodsOption = options.foods;
+    search.programDir = programFolder(argv0);
+    search.perUserDir = model::defaultPerUserDataDir();
+    search.installedDirs = model::defaultInstalledDataDirs();
+    const model::DataLocations where = model::findDataLocations(search);
+    store.setPaths(where.foodsToLoad(), where.dataDir);
+    const model::Store::LoadReport report = store.load();
+    auto refuse = [](const std::string& line) {
+        std::fprintf(stderr, "velmora-cli: %s\n", line.c_str());
+        return 2;
+    };
+    if (report.foodsMissing || !store.loaded())
+        return refuse(store.foodsPath().string() + ": the food database cannot be read");
+    if (!report.errors.empty())
+        return refuse(report.errors.front().message());
+    if (!options.user.empty() && options.user != model::cp1252ToUtf8(store.currentUserName())) {
+        std::size_t k = 0;
+        const auto& names = store.shared.userNames;
+        while (k < names.size() && model::cp1252ToUtf8(names[k]) != options.user)
+            ++k;
+        if (k == names.size())
+            return refuse("there is no user named \"" + options.user + "\"");
+        store.shared.currentUser = static_cast<std::uint8_t>(k);
+        model::FileError error;
+        if (!store.loadCurrentUser(&error) && error.code != model::FileErrorCode::NotFound)
+            return refuse(error.message());
+    }
+    return 0;
 }
 
 } // namespace velmora::cli

@@ -6,31 +6,12 @@
 #include "model/DataLocations.h"
 #include "model/Store.h"
 
-#if defined(__linux__)
-#include <unistd.h>
-#endif
 
 namespace velmora::cli {
 
 namespace fs = std::filesystem;
 using namespace velmora::model;
 
-namespace {
-
-fs::path programFolder(const char* argv0)
-{
-#if defined(__linux__)
-    std::error_code ec;
-    const fs::path self = fs::read_symlink("/proc/self/exe", ec);
-    if (!ec)
-        return self.parent_path();
-#endif
-    std::error_code ec2;
-    const fs::path p = fs::absolute(argv0, ec2);
-    return ec2 ? fs::current_path() : p.parent_path();
-}
-
-} // namespace
 
 std::string resaveHelp()
 {

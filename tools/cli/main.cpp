@@ -10,10 +10,14 @@ using namespace velmora::cli;
 
 namespace {
 
-constexpr std::array<Command, 3> Commands = {{
+constexpr std::array<Command, 7> Commands = {{
     {"rewrite", &rewriteHelp, &rewriteCommand},
     {"dump", &dumpHelp, &dumpCommand},
     {"resave", &resaveHelp, &resaveCommand},
+    {"report", &reportHelp, &reportCommand},
+    {"export", &exportHelp, &exportCommand},
+    {"import-health", &importHealthHelp, &importHealthCommand},
+    {"sync", &syncHelp, &syncCommand},
 }};
 
 std::string mainHelp()
@@ -28,7 +32,17 @@ std::string mainHelp()
            "  resave [--data-dir DIR] [--foods FILE]\n"
            "                        load and save the data folder as the program does at start-up\n"
            "                        and shut-down\n"
+           "  report --from DATE --to DATE [--csv]\n"
+           "                        print the nutritional analysis of a period\n"
+           "  export --out FOLDER [--from DATE] [--to DATE] [--json]\n"
+           "                        export a journal as CSV files (and JSON)\n"
+           "  import-health FILE [--replace] [--yes]\n"
+           "                        import weigh-ins from a CSV file\n"
+           "  sync tandry|korvel import|export --handheld-user INDEX [--yes]\n"
+           "                        exchange a journal with a handheld's transfer files\n"
            "\n"
+           "report, export and import-health take [--data-dir DIR] [--foods FILE] [--user NAME];\n"
+           "sync takes --data-dir DIR [--user NAME].\n"
            "KIND is one of: " +
            kindList() +
            ".\n"

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "model/DataFolder.h"
+#include "model/DataLocations.h"
 #include "model/Store.h"
 #include "sync/logic/SyncOperation.h"
 
@@ -74,7 +75,7 @@ bool parse(const std::vector<std::string>& args, Arguments& a)
 } // namespace
 
 int runSyncCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-                   model::TimeT now)
+                   model::TimeT now, const std::filesystem::path& programDir)
 {
     Arguments a;
     if (!parse(args, a)) {
@@ -82,11 +83,17 @@ int runSyncCommand(const std::vector<std::string>& args, std::ostream& out, std:
         return 2;
     }
     const std::filesystem::path dir = a.dataDir;
+    model::DataSearch search;
+    search.dataDirOption = dir;
+    search.programDir = programDir.empty() ? dir : programDir;
+    search.perUserDir = model::defaultPerUserDataDir();
+    search.installedDirs = model::defaultInstalledDataDirs();
+    const model::DataLocations where = model::findDataLocations(search);
     model::Store store;
-    store.setPaths(dir / "foods.db", dir);
+    store.setPaths(where.foodsToLoad(), where.dataDir);
     const model::Store::LoadReport report = store.load();
     if (report.foodsMissing || !store.loaded()) {
-        err << (dir / "foods.db").string() << ": the file cannot be read; nothing was changed\n";
+        err << store.foodsPath().string() << ": the file cannot be read; nothing was changed\n";
         return 1;
     }
     if (!report.errors.empty()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -21,7 +22,9 @@ extern const char* const SyncCommandHelp;
 // Exit codes: 0 done; 1 not confirmed, or a file could not be read or written; 2 wrong
 // arguments; 3 the handheld's files have a version this program does not know (message 10010 on
 // err).
+// programDir (the folder of the running tool) is where "foods.db" is looked for after the data
+// folder, as the program looks for it; empty: the data folder only.
 int runSyncCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
-                   model::TimeT now);
+                   model::TimeT now, const std::filesystem::path& programDir = {});
 
 } // namespace velmora::sync
