@@ -53,19 +53,25 @@ std::filesystem::path programFolder(const char* argv0);
 std::optional<model::CalendarDate> parseIsoDate(const std::string& text);
 
 // Where a command that works on one user's journal finds its data: --data-dir, --foods and --user
-// (default: the current user of velmora.db).
+// (default: the current user of velmora.db), and the period --from/--to (local dates, both
+// included).
 struct UserDataOptions
 {
     std::filesystem::path dataDir;
     std::filesystem::path foods;
     std::string user;
+    std::optional<model::CalendarDate> from;
+    std::optional<model::CalendarDate> to;
+    std::string badDate; // a --from or --to text that is no date
 };
-// Takes "--data-dir DIR", "--foods FILE" and "--user NAME" out of args into options; false when
-// one of them has no value.
+// Takes "--data-dir DIR", "--foods FILE", "--user NAME", "--from DATE" and "--to DATE" out of
+// args into options; false when one of them has no value.
 bool takeUserDataOptions(std::vector<std::string>& args, UserDataOptions& options);
 // Loads the data folder as the program does and makes the named user current (in memory only).
 // Returns 0, or prints one line on standard error and returns 2: no food database, a file that
 // cannot be read whole, an unknown user.
 int loadUserStore(const UserDataOptions& options, const char* argv0, model::Store& store);
+// 0, or prints why options.badDate is no date and returns 2.
+int checkDates(const UserDataOptions& options);
 
 } // namespace velmora::cli

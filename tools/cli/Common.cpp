@@ -88,22 +88,37 @@ bool takeUserDataOptions(std::vector<std::string>& args, UserDataOptions& option
     std::vector<std::string> rest;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
-        if (a == "--data-dir" || a == "--foods" || a == "--user") {
+        if (a == "--data-dir" || a == "--foods" || a == "--user" || a == "--from" || a == "--to") {
             if (i + 1 >= args.size())
                 return false;
             const std::string& v = args[++i];
-            if (a == "--data-dir")
+            if (a == "--data-dir") {
                 options.dataDir = v;
-            else if (a == "--foods")
+            } else if (a == "--foods") {
                 options.foods = v;
-            else
+            } else if (a == "--user") {
                 options.user = v;
+            } else {
+                const auto date = parseIsoDate(v);
+                (a == "--from" ? options.from : options.to) = date;
+                if (!date)
+                    options.badDate = v;
+            }
         } else {
             rest.push_back(a);
         }
     }
     args = std::move(rest);
     return true;
+}
+
+int checkDates(const UserDataOptions& options)
+{
+    if (options.badDate.empty())
+        return 0;
+    std::fprintf(stderr, "velmora-cli: \"%s\" is not a date of the form YYYY-MM-DD\n",
+                 options.badDate.c_str());
+    return 2;
 }
 
 int loadUserStore(const UserDataOptions& options, const char* argv0, model::Store& store)

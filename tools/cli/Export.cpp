@@ -30,22 +30,17 @@ int exportCommand(const std::vector<std::string>& arguments, const char* argv0)
     UserDataOptions where;
     if (!takeUserDataOptions(args, where))
         return usage(exportHelp());
+    if (int status = checkDates(where); status != 0)
+        return status;
     exchange::ExportOptions options;
+    options.from = where.from;
+    options.to = where.to;
     std::filesystem::path out;
     for (std::size_t i = 0; i < args.size(); ++i) {
         if (args[i] == "--json") {
             options.json = true;
         } else if (args[i] == "--out" && i + 1 < args.size()) {
             out = args[++i];
-        } else if ((args[i] == "--from" || args[i] == "--to") && i + 1 < args.size()) {
-            const auto date = parseIsoDate(args[i + 1]);
-            if (!date) {
-                std::cerr << "velmora-cli: \"" << args[i + 1]
-                          << "\" is not a date of the form YYYY-MM-DD\n";
-                return 2;
-            }
-            (args[i] == "--from" ? options.from : options.to) = date;
-            ++i;
         } else {
             return usage(exportHelp());
         }

@@ -82,7 +82,8 @@ int importHealthCommand(const std::vector<std::string>& arguments, const char* a
     for (const auto& c : plan.newValues)
         printChange(c, false);
     std::cout << plan.replacements.size() << " values differ from the journal"
-              << (replace ? " and will be replaced:\n" : " and are kept (--replace replaces them):\n");
+              << (replace ? " and will be replaced:\n"
+                          : " and are kept (--replace replaces them):\n");
     for (const auto& c : plan.replacements)
         printChange(c, true);
     for (const auto& p : plan.problems)

@@ -30,30 +30,15 @@ int reportCommand(const std::vector<std::string>& arguments, const char* argv0)
     UserDataOptions where;
     if (!takeUserDataOptions(args, where))
         return usage(reportHelp());
-    std::optional<model::CalendarDate> from, to;
-    bool csv = false;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        if (args[i] == "--csv") {
-            csv = true;
-        } else if ((args[i] == "--from" || args[i] == "--to") && i + 1 < args.size()) {
-            const auto date = parseIsoDate(args[i + 1]);
-            if (!date) {
-                std::cerr << "velmora-cli: \"" << args[i + 1]
-                          << "\" is not a date of the form YYYY-MM-DD\n";
-                return 2;
-            }
-            (args[i] == "--from" ? from : to) = date;
-            ++i;
-        } else {
-            return usage(reportHelp());
-        }
-    }
-    if (!from || !to)
+    if (int status = checkDates(where); status != 0)
+        return status;
+    const bool csv = args.size() == 1 && args[0] == "--csv";
+    if ((!args.empty() && !csv) || !where.from || !where.to)
         return usage(reportHelp());
     model::Store store;
     if (int status = loadUserStore(where, argv0, store); status != 0)
         return status;
-    const analysis::AnalysisTable table = analysis::buildAnalysis(store, *from, *to);
+    const analysis::AnalysisTable table = analysis::buildAnalysis(store, *where.from, *where.to);
     if (table.state == analysis::AnalysisTable::State::GoalsNotSet) {
         std::cerr << analysis::GoalsNotSetText << "\n";
         return 1;

@@ -6,12 +6,10 @@
 #include "model/DataLocations.h"
 #include "model/Store.h"
 
-
 namespace velmora::cli {
 
 namespace fs = std::filesystem;
 using namespace velmora::model;
-
 
 std::string resaveHelp()
 {

@@ -15,7 +15,8 @@ std::string syncHelp()
 
 int syncCommand(const std::vector<std::string>& args, const char* argv0)
 {
-    return sync::runSyncCommand(args, std::cout, std::cerr, std::time(nullptr), programFolder(argv0));
+    return sync::runSyncCommand(args, std::cout, std::cerr, std::time(nullptr),
+                                programFolder(argv0));
 }
 
 } // namespace velmora::cli
