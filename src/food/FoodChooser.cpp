@@ -99,7 +99,10 @@ FoodChooser::FoodChooser(ui::AppContext& context, QWidget* parent)
             [this](int id) { setMode(static_cast<FoodListMode>(id)); });
     connect(m_searchButton, &QPushButton::clicked, this, [this] { search(); });
     connect(m_searchBox, &QLineEdit::returnPressed, this, [this] { search(); });
+    // A mouse click makes the row current before it selects it, the arrow keys do both at once:
+    // both signals are followed, and the food is taken up once it is both current and selected.
     connect(m_foods, &QListWidget::currentRowChanged, this, &FoodChooser::onFoodChanged);
+    connect(m_foods, &QListWidget::itemSelectionChanged, this, &FoodChooser::onFoodChanged);
     connect(m_foods, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         emit detailsRequested(item->data(Qt::UserRole).toInt());
     });
@@ -204,6 +207,7 @@ void FoodChooser::fillList(const std::vector<std::int32_t>& numbers)
     }
     m_foods->blockSignals(false);
     m_foods->setUpdatesEnabled(true);
+    m_shownFood = -1;
     onFoodChanged();
 }
 
@@ -238,6 +242,10 @@ void FoodChooser::selectFood(std::int32_t number)
 void FoodChooser::onFoodChanged()
 {
     const model::FoodItem* food = selectedFood();
+    const std::int32_t number = food ? food->number : -1;
+    if (number == m_shownFood && number >= 0)
+        return; // the same food again: its measure and amount stay as the user set them
+    m_shownFood = number;
     m_measures->blockSignals(true);
     m_measures->clear();
     m_measureFactor = 1.0;

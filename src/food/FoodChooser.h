@@ -82,6 +82,8 @@ private:
     ui::AppContext& m_context;
     FoodListMode m_mode = FoodListMode::All;
     double m_measureFactor = 1.0;
+    // The food whose measures the measure list holds, or -1.
+    std::int32_t m_shownFood = -1;
 
     QRadioButton* m_custom = nullptr;
     QRadioButton* m_recent = nullptr;

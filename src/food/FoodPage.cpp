@@ -112,7 +112,8 @@ FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context,
         m_highlight = Highlight::Food;
         updateDisplays();
     });
-    connect(m_mealList, &QListWidget::currentRowChanged, this, [this] {
+    // A click selects the row after making it current; the selection is what counts.
+    connect(m_mealList, &QListWidget::itemSelectionChanged, this, [this] {
         m_highlight = Highlight::MealEntry;
         updateDisplays();
         applyEnabling();

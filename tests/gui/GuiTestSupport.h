@@ -5,9 +5,13 @@
 
 #include <functional>
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QListWidget>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 #include <QWidget>
 
 #include "ui/AppContext.h"
@@ -52,6 +56,24 @@ inline QPushButton* buttonOf(QWidget* w, const QString& text)
         if (b->text() == text)
             return b;
     return nullptr;
+}
+
+// Clicks an item where the user sees it: on its rectangle in the view's viewport.
+inline void clickIndex(QAbstractItemView* view, const QModelIndex& index)
+{
+    view->scrollTo(index);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      view->visualRect(index).center());
+}
+inline void clickRow(QListWidget* list, int row)
+{
+    clickIndex(list, list->model()->index(row, 0));
+}
+inline void clickItem(QTreeWidget* tree, QTreeWidgetItem* item)
+{
+    tree->scrollToItem(item);
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      tree->visualItemRect(item).center());
 }
 
 } // namespace velmora::test

@@ -108,6 +108,7 @@ private slots:
     void cleanup();
     void searchChooseAddRemove();
     void keyboardOnly();
+    void mouseOnly();
     void amountBoxRules();
     void listModesAndEnabling();
     void noMatchesSaysSo();
@@ -268,6 +269,54 @@ void FoodPageTest::keyboardOnly()
     QTest::keyClick(chooser()->amountBox(), Qt::Key_Enter,
                     Qt::ControlModifier | Qt::KeypadModifier);
     QCOMPARE(m_context->m_store.journal.days[0].meals[0].entries[0].amount, 2.0f);
+}
+
+void FoodPageTest::mouseOnly()
+{
+    // Search, then click each row in turn: every one takes up its food, not only the first.
+    QTest::mouseClick(chooser()->searchBox(), Qt::LeftButton);
+    QTest::keyClicks(chooser()->searchBox(), QStringLiteral("e"));
+    QTest::mouseClick(chooser()->searchButton(), Qt::LeftButton);
+    QListWidget* foods = chooser()->foodList();
+    QVERIFY(foods->count() >= 3);
+    const int rows = foods->count();
+    for (int row : {rows - 1, 1, 0, rows - 1}) {
+        test::clickRow(foods, row);
+        const model::FoodItem* food = chooser()->selectedFood();
+        QVERIFY2(food, qPrintable(QStringLiteral("row %1").arg(row)));
+        QCOMPARE(food->number, foods->item(row)->data(Qt::UserRole).toInt());
+        QCOMPARE(chooser()->measureList()->count(), int(food->measures.size()));
+        QVERIFY(chooser()->addButton()->isEnabled());
+        QVERIFY(chooser()->amountBox()->isEnabled());
+    }
+    // The egg, in cups, twice over.
+    const int eggRow = int(foods->row(foods->findItems(QStringLiteral("Egg, whole"),
+                                                        Qt::MatchStartsWith)
+                                           .value(0)));
+    test::clickRow(foods, eggRow);
+    chooser()->measureList()->setCurrentIndex(1);
+    QTest::mouseClick(chooser()->addButton(), Qt::LeftButton);
+    test::clickRow(foods, eggRow); // clicking the chosen food again keeps its measure
+    QCOMPARE(chooser()->measureList()->currentIndex(), 1);
+    test::clickRow(foods, rows - 1);
+    QTest::mouseClick(chooser()->addButton(), Qt::LeftButton);
+    QListWidget* meal = m_page->mealList();
+    QCOMPARE(meal->count(), 2);
+    QCOMPARE(m_context->m_store.journal.days.at(0).meals.at(0).entries.at(0).amount, 2.43f);
+
+    // A click on a meal line enables "&Remove"; Remove takes exactly that line.
+    QVERIFY(!m_page->removeButton()->isEnabled());
+    test::clickRow(meal, 1);
+    QVERIFY(m_page->removeButton()->isEnabled());
+    const int kept = meal->item(0)->data(Qt::UserRole + 1).toInt();
+    test::ModalScript script;
+    script.expect(QStringLiteral("Delete Confirmation"),
+                  [](QWidget* w) { test::click(w, QStringLiteral("Yes")); });
+    QTest::mouseClick(m_page->removeButton(), Qt::LeftButton);
+    QVERIFY(script.finished());
+    const auto& entries = m_context->m_store.journal.days.at(0).meals.at(0).entries;
+    QCOMPARE(entries.size(), std::size_t(1));
+    QCOMPARE(entries[0].food, kept);
 }
 
 void FoodPageTest::amountBoxRules()
