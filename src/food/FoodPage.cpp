@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QSplitter>
 #include <QTimeEdit>
 #include <QVBoxLayout>
@@ -194,6 +195,15 @@ void FoodPage::refreshPage()
     rebuildMeal();
 }
 
+void FoodPage::showEvent(QShowEvent* event)
+{
+    ui::Page::showEvent(event);
+    // Other pages edit the same days (the journal list deletes meals and foods): coming into view
+    // the page shows the meal as the store holds it. The chooser keeps its list and selection.
+    if (!event->spontaneous())
+        rebuildMeal();
+}
+
 void FoodPage::storePage()
 {
     // The meals are written as they change; only the list mode is a page setting.
@@ -314,6 +324,14 @@ void FoodPage::removeSelectedEntry()
     if (!item || !item->isSelected())
         return;
     const auto entry = static_cast<std::size_t>(item->data(Qt::UserRole).toInt());
+    const int food = item->data(Qt::UserRole + 1).toInt();
+    // The line must still be the entry the store holds; otherwise the page shows the meal anew
+    // and removes nothing.
+    const model::Meal* meal = currentMeal();
+    if (!meal || entry >= meal->entries.size() || meal->entries[entry].food != food) {
+        rebuildMeal();
+        return;
+    }
     if (!ui::confirmDelete(this, ui::MsgDeleteFoodItem))
         return;
     if (removeMealEntry(context().store().journal, currentDate(), currentMealKind(), entry))

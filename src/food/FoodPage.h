@@ -62,6 +62,9 @@ public:
     QPushButton* saveCustomButton() const { return m_saveCustom; }
     QPushButton* copyMealButton() const { return m_copyMeal; }
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     enum class Highlight
     {

@@ -109,6 +109,7 @@ private slots:
     void searchChooseAddRemove();
     void keyboardOnly();
     void mouseOnly();
+    void staleMealIsReloadedWhenShown();
     void amountBoxRules();
     void listModesAndEnabling();
     void noMatchesSaysSo();
@@ -317,6 +318,40 @@ void FoodPageTest::mouseOnly()
     const auto& entries = m_context->m_store.journal.days.at(0).meals.at(0).entries;
     QCOMPARE(entries.size(), std::size_t(1));
     QCOMPARE(entries[0].food, kept);
+}
+
+void FoodPageTest::staleMealIsReloadedWhenShown()
+{
+    // Breakfast holds an apple and an egg; the page shows both.
+    model::Store& store = m_context->m_store;
+    model::Meal& breakfast = food::mealForAdding(store.journal, {2026, 3, 14}, 0, 0);
+    food::addToMeal(breakfast, 9003, 1.0f);
+    food::addToMeal(breakfast, 1123, 1.0f);
+    m_page->setCurrentMealKind(0);
+    m_page->refreshPage();
+    QCOMPARE(m_page->mealList()->count(), 2);
+
+    // Another page removes the apple while this one is out of view.
+    m_page->hide();
+    QVERIFY(food::removeMealEntry(store.journal, {2026, 3, 14}, 0, 0));
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+    QCOMPARE(m_page->mealList()->count(), 1);
+    QVERIFY(m_page->mealList()->item(0)->text().endsWith(QStringLiteral("Egg, whole, raw, fresh")));
+
+    // Even a page that missed a change never removes a line other than the one selected.
+    food::addToMeal(*model::findDay(store.journal, {2026, 3, 14})->findMeal(0), 9003, 1.0f);
+    m_page->refreshPage(); // egg, apple
+    QVERIFY(food::removeMealEntry(store.journal, {2026, 3, 14}, 0, 0)); // apple left, unseen
+    test::clickRow(m_page->mealList(), 0); // the egg, as the page still shows it
+    test::ModalScript script;
+    script.expect(QStringLiteral("Delete Confirmation"),
+                  [](QWidget* w) { test::click(w, QStringLiteral("Yes")); });
+    QTest::mouseClick(m_page->removeButton(), Qt::LeftButton);
+    const model::JournalDay* day = model::findDay(store.journal, {2026, 3, 14});
+    QVERIFY(day);
+    QCOMPARE(day->findMeal(0)->entries.at(0).food, 9003);
+    QCOMPARE(m_page->mealList()->count(), 1); // and the page now shows what the store holds
 }
 
 void FoodPageTest::amountBoxRules()
