@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QShortcut>
+#include <QShowEvent>
 #include <QEvent>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -177,6 +178,15 @@ void JournalListPage::rebuild()
     m_building = false;
     fitFirstColumn();
     updateButtons();
+}
+
+void JournalListPage::showEvent(QShowEvent* event)
+{
+    ui::Page::showEvent(event);
+    // The food page and the health pages edit the days this list sums up: coming into view it is
+    // built again from the store, keeping the selected row where it still exists.
+    if (!event->spontaneous())
+        rebuild();
 }
 
 bool JournalListPage::eventFilter(QObject* watched, QEvent* event)

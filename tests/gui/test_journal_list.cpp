@@ -57,6 +57,7 @@ private slots:
     void init();
     void rowsShowDaysMealsAndFoods();
     void deleteRemovesAFoodOnlyAfterYes();
+    void showsTheStoreWhenShown();
     void columnsChangeTheColumns();
     void resizedColumnWidthIsKept();
     void configureDisplaysEditsTheDetailsAndPies();
@@ -124,22 +125,27 @@ void JournalListTest::rowsShowDaysMealsAndFoods()
 void JournalListTest::deleteRemovesAFoodOnlyAfterYes()
 {
     food::JournalListPage page(*m_context);
+    page.resize(900, 600);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    page.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&page)); // the Delete key is a shortcut
     auto* tree = page.findChild<QTreeWidget*>();
     QPushButton* del = buttonOf(&page, QStringLiteral("Delete..."));
     QVERIFY(del);
     QVERIFY(!del->isEnabled());
 
-    tree->setCurrentItem(tree->topLevelItem(0)->child(0)->child(1)); // the toast of today
+    test::clickItem(tree, tree->topLevelItem(0)->child(0)->child(1)); // the toast of today
     QVERIFY(del->isEnabled());
 
     onNextModal([](QWidget* d) { clickButton(d, QStringLiteral("No")); });
-    del->click();
+    QTest::mouseClick(del, Qt::LeftButton);
     const auto& meal = m_context->m_store.journal.days[1].meals[0];
     QCOMPARE(meal.entries.size(), std::size_t{2});
     QCOMPARE(m_context->modified, 0);
 
     onNextModal([](QWidget* d) { clickButton(d, QStringLiteral("Yes")); });
-    del->click();
+    QTest::mouseClick(del, Qt::LeftButton);
     QCOMPARE(m_context->m_store.journal.days[1].meals[0].entries.size(), std::size_t{1});
     QCOMPARE(m_context->m_store.journal.days[1].meals[0].entries[0].food, 1001);
     QVERIFY(m_context->modified > 0);
@@ -147,11 +153,34 @@ void JournalListTest::deleteRemovesAFoodOnlyAfterYes()
     QCOMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("143.0"));
 
     // Deleting the only food of yesterday's dinner removes the meal and the empty day.
-    tree->setCurrentItem(tree->topLevelItem(1)->child(0)->child(0));
+    test::clickItem(tree, tree->topLevelItem(1)->child(0)->child(0));
+    page.activateWindow(); // the offscreen platform does not give it back after a dialog
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    tree->setFocus();
     onNextModal([](QWidget* d) { clickButton(d, QStringLiteral("Yes")); });
-    del->click();
+    QTest::keyClick(tree, Qt::Key_Delete); // the Delete key asks the same question
     QCOMPARE(m_context->m_store.journal.days.size(), std::size_t{1});
     QCOMPARE(tree->topLevelItemCount(), 1);
+}
+
+void JournalListTest::showsTheStoreWhenShown()
+{
+    food::JournalListPage page(*m_context);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    auto* tree = page.findChild<QTreeWidget*>();
+    QCOMPARE(tree->topLevelItemCount(), 2);
+
+    // Out of view, the food page logs a lunch today and changes yesterday's amount.
+    page.hide();
+    model::Store& store = m_context->m_store;
+    store.journal.days[1].meals.push_back(test::dayWithMeal(m_today, 2, {{1001, 2.0f}}).meals[0]);
+    store.journal.days[0].meals[0].entries[0].amount = 1.0f;
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    QCOMPARE(tree->topLevelItem(0)->childCount(), 2);
+    QCOMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("495.2")); // 209.2 + 2 x 143
+    QCOMPARE(tree->topLevelItem(1)->text(1), QStringLiteral("265.0"));
 }
 
 void JournalListTest::columnsChangeTheColumns()
