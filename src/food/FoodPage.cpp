@@ -145,6 +145,17 @@ FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context,
         });
     }
 
+    // Tabbing into the list makes its first line current without selecting it; a current line is
+    // always the selected one, so that Remove and Delete act on the line the user sees marked.
+    connect(m_mealList, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
+        if (item && m_mealList->selectedItems().isEmpty())
+            item->setSelected(true);
+    });
+    // Delete in the meal list removes the selected line, as on the journal list.
+    auto* deleteKey =
+        new QShortcut(QKeySequence::Delete, m_mealList, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, this, &FoodPage::removeSelectedEntry);
+
     applyEnabling();
 }
 

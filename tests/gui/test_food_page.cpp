@@ -270,6 +270,23 @@ void FoodPageTest::keyboardOnly()
     QTest::keyClick(chooser()->amountBox(), Qt::Key_Enter,
                     Qt::ControlModifier | Qt::KeypadModifier);
     QCOMPARE(m_context->m_store.journal.days[0].meals[0].entries[0].amount, 2.0f);
+
+    // Tab reaches the meal list with its line chosen; Delete removes it after the question.
+    QListWidget* meal = m_page->mealList();
+    QWidget* focus = QApplication::focusWidget();
+    for (int i = 0; i < 20 && focus != meal; ++i) {
+        QTest::keyClick(focus, Qt::Key_Tab);
+        focus = QApplication::focusWidget();
+    }
+    QCOMPARE(focus, static_cast<QWidget*>(meal));
+    QVERIFY(m_page->removeButton()->isEnabled());
+    test::ModalScript script;
+    script.expect(QStringLiteral("Delete Confirmation"),
+                  [](QWidget* w) { test::click(w, QStringLiteral("Yes")); });
+    QTest::keyClick(meal, Qt::Key_Delete);
+    QVERIFY(script.finished());
+    QCOMPARE(meal->count(), 0);
+    QVERIFY(m_context->m_store.journal.days.empty());
 }
 
 void FoodPageTest::mouseOnly()
