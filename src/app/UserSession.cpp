@@ -47,6 +47,15 @@ QString UserSession::newNameProblem(const QString& typed) const
         if (existing == name)
             return ui::messageText(ui::MsgDuplicateUserName);
     }
+    // Names that differ only in case are two users, unless their two files would be one.
+    for (const std::string& existing : m_store.shared.userNames) {
+        if (model::sameNameIgnoringCase(existing, name) && fileNamesIgnoreCase()) {
+            return QStringLiteral("\"%1\" would share its journal file with the user \"%2\": the "
+                                  "data folder does not tell capital letters from small ones.  "
+                                  "Choose a name that differs in more than its capitals.")
+                .arg(ui::toQt(name), ui::toQt(existing));
+        }
+    }
     if (m_store.shared.userNames.size() >= model::MaxUserNames) {
         return QStringLiteral(
                    "Velmora keeps at most %1 users.  Delete a user you no longer need before "
@@ -54,6 +63,13 @@ QString UserSession::newNameProblem(const QString& typed) const
             .arg(model::MaxUserNames);
     }
     return {};
+}
+
+bool UserSession::fileNamesIgnoreCase() const
+{
+    if (!m_ignoresCase)
+        m_ignoresCase = model::folderIgnoresCase(m_store.dataDir());
+    return *m_ignoresCase;
 }
 
 bool UserSession::isDuplicate(const QString& problem)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include <QString>
@@ -29,6 +30,11 @@ public:
     // True when the problem text is the duplicate-name message (the dialog shows it as message
     // 10001).
     static bool isDuplicate(const QString& problem);
+    // Whether the data folder's file system treats names differing only in case as one file name;
+    // found out once by probing the folder. Setting it spares the probe (a folder known
+    // beforehand, or a test of the other kind of file system).
+    bool fileNamesIgnoreCase() const;
+    void setFileNamesIgnoreCase(bool ignores) { m_ignoresCase = ignores; }
 
     // Appends a name (first letter upper-cased); returns its index. The caller checked it.
     int addUser(const std::string& cp1252Name);
@@ -58,6 +64,7 @@ private:
 
     model::Store& m_store;
     ui::AppContext& m_context;
+    mutable std::optional<bool> m_ignoresCase;
     bool m_savingEnabled = true;
     bool m_failureShown = false;
     int m_saveCount = 0;

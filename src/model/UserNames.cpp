@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <fstream>
+#include <system_error>
 
 #include "model/TextCodec.h"
 
@@ -105,11 +107,11 @@ std::string nameProblemText(NameProblem p)
     return {};
 }
 
-std::string capitaliseFirst(std::string name)
+namespace {
+
+char upperLetter(char ch)
 {
-    if (name.empty())
-        return name;
-    auto c = static_cast<unsigned char>(name[0]);
+    auto c = static_cast<unsigned char>(ch);
     if (c >= 'a' && c <= 'z')
         c = static_cast<unsigned char>(c - 'a' + 'A');
     else if (c >= 0xE0 && c <= 0xFE && c != 0xF7)
@@ -118,7 +120,47 @@ std::string capitaliseFirst(std::string name)
         c = static_cast<unsigned char>(c - 0x10);
     else if (c == 0xFF)
         c = 0x9F;
-    name[0] = static_cast<char>(c);
+    return static_cast<char>(c);
+}
+
+} // namespace
+
+bool sameNameIgnoringCase(std::string_view a, std::string_view b)
+{
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return upperLetter(x) == upperLetter(y);
+           });
+}
+
+bool folderIgnoresCase(const std::filesystem::path& dir)
+{
+    namespace fs = std::filesystem;
+    const fs::path probe = dir / ".case-probe-Velmora.tmp";
+    const fs::path other = dir / ".CASE-PROBE-velmora.TMP";
+    std::error_code ec;
+    bool made = false;
+    if (!fs::exists(probe, ec)) {
+        std::ofstream(probe).put('\n');
+        made = fs::exists(probe, ec);
+    }
+    if (!made && !fs::exists(probe, ec)) {
+#if defined(_WIN32) || defined(__APPLE__)
+        return true;
+#else
+        return false;
+#endif
+    }
+    const bool ignores = fs::exists(other, ec);
+    if (made)
+        fs::remove(probe, ec);
+    return ignores;
+}
+
+std::string capitaliseFirst(std::string name)
+{
+    if (name.empty())
+        return name;
+    name[0] = upperLetter(name[0]);
     return name;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,14 @@ NameProblem checkUserName(std::string_view name);
 NameProblem checkTypedUserName(std::string_view utf8);
 // One sentence for the user that names the problem.
 std::string nameProblemText(NameProblem p);
+
+// The names of two users whose files are one file where the file system ignores case: equal once
+// every letter (ASCII and the Windows-1252 letters) is upper-cased. Both names are stored text.
+bool sameNameIgnoringCase(std::string_view a, std::string_view b);
+// True when the file system of dir treats names that differ only in case as one name (Windows and
+// macOS by default). Found out by writing and removing a small file in dir; when dir cannot be
+// written, the platform's usual behaviour is assumed.
+bool folderIgnoresCase(const std::filesystem::path& dir);
 
 // First character upper-cased (ASCII and the Windows-1252 letters), as new names are stored.
 std::string capitaliseFirst(std::string name);

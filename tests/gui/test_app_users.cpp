@@ -164,16 +164,20 @@ private slots:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<bool>("accepted");
         QTest::addColumn<bool>("duplicate");
-        QTest::newRow("same name") << QStringLiteral("Example User") << false << true;
-        QTest::newRow("lower-case first letter") << QStringLiteral("example User") << false << true;
-        QTest::newRow("all capitals") << QStringLiteral("EXAMPLE USER") << true << false;
-        QTest::newRow("empty") << QString() << false << false;
-        QTest::newRow("blanks only") << QStringLiteral("   ") << false << false;
-        QTest::newRow("path separator") << QStringLiteral("../evil") << false << false;
-        QTest::newRow("backslash") << QStringLiteral("a\\b") << false << false;
-        QTest::newRow("reserved") << QStringLiteral("CON") << false << false;
-        QTest::newRow("trailing dot") << QStringLiteral("Ann.") << false << false;
-        QTest::newRow("accented") << QStringLiteral("émile") << true << false;
+        QTest::addColumn<bool>("acceptedIgnoringCase"); // where the folder ignores case
+        QTest::newRow("same name") << QStringLiteral("Example User") << false << true << false;
+        QTest::newRow("lower-case first letter")
+            << QStringLiteral("example User") << false << true << false;
+        QTest::newRow("all capitals") << QStringLiteral("EXAMPLE USER") << true << false << false;
+        QTest::newRow("small letters") << QStringLiteral("example user") << true << false << false;
+        QTest::newRow("one letter more") << QStringLiteral("Example Users") << true << false << true;
+        QTest::newRow("empty") << QString() << false << false << false;
+        QTest::newRow("blanks only") << QStringLiteral("   ") << false << false << false;
+        QTest::newRow("path separator") << QStringLiteral("../evil") << false << false << false;
+        QTest::newRow("backslash") << QStringLiteral("a\\b") << false << false << false;
+        QTest::newRow("reserved") << QStringLiteral("CON") << false << false << false;
+        QTest::newRow("trailing dot") << QStringLiteral("Ann.") << false << false << false;
+        QTest::newRow("accented") << QStringLiteral("émile") << true << false << true;
     }
 
     void newNamesAreCheckedAsFileNamesAndAgainstExistingNames()
@@ -181,13 +185,23 @@ private slots:
         QFETCH(QString, typed);
         QFETCH(bool, accepted);
         QFETCH(bool, duplicate);
+        QFETCH(bool, acceptedIgnoringCase);
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
         app::Application app(test::appOptions(dir.path(), false));
         QVERIFY(app.start());
-        const QString problem = app.window()->session().newNameProblem(typed);
+        app::UserSession& session = app.window()->session();
+        session.setFileNamesIgnoreCase(false);
+        QString problem = session.newNameProblem(typed);
         QCOMPARE(problem.isEmpty(), accepted);
         QCOMPARE(app::UserSession::isDuplicate(problem), duplicate);
+        // Where one file name stands for every spelling in capitals and small letters, a name
+        // whose file would be the example user's file is refused, and says so.
+        session.setFileNamesIgnoreCase(true);
+        problem = session.newNameProblem(typed);
+        QCOMPARE(problem.isEmpty(), acceptedIgnoringCase);
+        if (!problem.isEmpty() && !duplicate && accepted)
+            QVERIFY(problem.contains(QStringLiteral("\"Example User\"")));
     }
 
     void the256thUserIsRefused()

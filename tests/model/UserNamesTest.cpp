@@ -106,3 +106,38 @@ TEST(UserNameFiles, EachProblemHasItsOwnMessage)
     }
     EXPECT_EQ(texts.size(), std::size(problems));
 }
+
+TEST(UserNameFiles, NamesDifferingOnlyInCaseAreFoundAsOneFileName)
+{
+    struct Case
+    {
+        std::string a, b;
+        bool same;
+    };
+    const Case cases[] = {
+        {"Example User", "example user", true},
+        {"Example User", "EXAMPLE USER", true},
+        {"Zo\xEB", "ZO\xCB", true},                // e with diaeresis, small and capital
+        {"\x9Aimon", "\x8Aimon", true},              // s with caron
+        {"Example User", "Example Users", false},
+        {"Ann", "Anna", false},
+        {"Zo\xEB", "Zoe", false},                    // an accent is not a case
+        {"a\xF7", "a\xD7", false},                   // division and multiplication signs
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(sameNameIgnoringCase(c.a, c.b), c.same) << c.a << " / " << c.b;
+        EXPECT_EQ(sameNameIgnoringCase(c.b, c.a), c.same) << c.b << " / " << c.a;
+    }
+}
+
+TEST(UserNameFiles, TheProbeFindsWhetherTheFolderIgnoresCaseAndLeavesNothing)
+{
+    TempDir dir;
+    // What the file system itself says: a file written in small letters, looked for in capitals.
+    TempDir other;
+    std::ofstream(other.path() / "probe").put('x');
+    const bool expected = fs::exists(other.path() / "PROBE");
+
+    EXPECT_EQ(folderIgnoresCase(dir.path()), expected);
+    EXPECT_TRUE(fs::is_empty(dir.path()));
+}
