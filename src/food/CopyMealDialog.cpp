@@ -23,6 +23,9 @@ CopyMealDialog::CopyMealDialog(ui::AppContext& context, const model::CalendarDat
     setWindowTitle(tr("Copy Meal From"));
     m_date = new QDateEdit(QDate(date.year, date.month, date.day), this);
     m_date->setCalendarPopup(true);
+    // The program's own date text, as on the food page: day first in metric mode.
+    m_date->setDisplayFormat(context.store().journal.user.isMetric() ? QStringLiteral("d/M/yyyy")
+                                                                     : QStringLiteral("M/d/yyyy"));
     m_meals = new QComboBox(this);
     for (int k = 0; k < model::MealKindCount; ++k)
         m_meals->addItem(QString::fromLatin1(model::MealNames[static_cast<std::size_t>(k)]), k);

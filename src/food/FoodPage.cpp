@@ -239,6 +239,13 @@ void FoodPage::rebuildMeal()
         m_time->blockSignals(true);
         m_time->setTime(when.time());
         m_time->blockSignals(false);
+    } else {
+        // A meal not yet stored starts at the time it had last, or at a usual time for its kind.
+        const int minutes =
+            defaultMealMinutes(context().store().journal.days, currentDate(), currentMealKind());
+        m_time->blockSignals(true);
+        m_time->setTime(QTime(minutes / 60, minutes % 60));
+        m_time->blockSignals(false);
     }
     m_mealList->blockSignals(false);
     if (m_highlight == Highlight::MealEntry)

@@ -462,6 +462,7 @@ void FoodPageTest::browsingCreatesNothing()
 {
     m_page->setCurrentMealKind(3);
     m_page->setCurrentDate({2026, 1, 1});
+    QCOMPARE(m_page->timeEdit()->time(), QTime(18, 30)); // a new dinner starts at dinner time
     m_page->timeEdit()->setTime(QTime(19, 30));
     QVERIFY(m_context->m_store.journal.days.empty());
     QCOMPARE(m_page->macroPanel()->pie(1)->title(), QStringLiteral("1/1/2026"));
@@ -501,6 +502,7 @@ void FoodPageTest::copyMealFromEarlierDay()
         // The latest earlier breakfast is proposed, with its foods shown.
         QCOMPARE(dialog->sourceDate(), (model::CalendarDate{2026, 3, 12}));
         QCOMPARE(dialog->preview()->count(), 2);
+        QCOMPARE(dialog->dateEdit()->text(), QStringLiteral("3/12/2026")); // as the page writes it
         dialog->dateEdit()->setDate(QDate(2026, 3, 11)); // nothing that day: OK is off
         QVERIFY(!dialog->buttons()->button(QDialogButtonBox::Ok)->isEnabled());
         dialog->dateEdit()->setDate(QDate(2026, 3, 12));

@@ -231,6 +231,35 @@ TEST(MealCopy, DefaultSourceIsTheLatestEarlierDayWithThatMeal)
     EXPECT_EQ(food::defaultCopySource(days, {2026, 3, 10}, 0), nullptr); // nothing earlier
 }
 
+TEST(MealCopy, ANewMealStartsAtItsLastTimeOrAtAUsualTimeForItsKind)
+{
+    std::vector<model::JournalDay> days;
+    const auto at = [](int d) { return model::CalendarDate{2026, 3, d}.toTime(); };
+    days.push_back(test::dayWithMeal(at(10), 0, {{1123, 1.0f}}));
+    days.back().meals[0].time = at(10) + 7 * 3600 + 15 * 60;
+    days.push_back(test::dayWithMeal(at(12), 0, {{1123, 1.0f}}));
+    days.back().meals[0].time = at(12) + 6 * 3600 + 45 * 60;
+    days.push_back(test::dayWithMeal(at(16), 0, {{1123, 1.0f}})); // later than the date
+    days.back().meals[0].time = at(16) + 9 * 3600;
+    days.push_back(test::dayWithMeal(at(11), 3, {{1123, 1.0f}}));
+    days.back().meals[0].time = at(10); // a time outside its own day is not taken over
+    struct Case
+    {
+        int day, kind, minutes;
+    };
+    const Case cases[] = {
+        {14, 0, 6 * 60 + 45},  // the latest earlier breakfast
+        {11, 0, 7 * 60 + 15},  // the one before that
+        {10, 0, 8 * 60},       // none earlier: the usual breakfast time
+        {14, 2, 12 * 60 + 30}, // no lunch anywhere
+        {14, 3, 18 * 60 + 30}, // the only dinner had a time outside its day
+        {14, 9, 12 * 60},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(food::defaultMealMinutes(days, {2026, 3, c.day}, c.kind), c.minutes)
+            << c.day << " " << c.kind;
+}
+
 TEST(MealCopy, CopiedFoodsSumIntoTheCurrentMeal)
 {
     model::Meal from;

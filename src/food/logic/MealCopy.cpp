@@ -1,5 +1,7 @@
 #include "food/logic/MealCopy.h"
 
+#include <iterator>
+
 #include "food/logic/MealEditing.h"
 
 namespace velmora::food {
@@ -22,6 +24,19 @@ const model::JournalDay* defaultCopySource(const std::vector<model::JournalDay>&
         }
     }
     return best;
+}
+
+int defaultMealMinutes(const std::vector<model::JournalDay>& days, const model::CalendarDate& date,
+                       int kind)
+{
+    if (const model::JournalDay* day = defaultCopySource(days, date, kind)) {
+        const model::TimeT offset = day->findMeal(kind)->time - day->date;
+        if (offset >= 0 && offset < 24 * 3600)
+            return static_cast<int>(offset / 60);
+    }
+    static constexpr int Usual[] = {8 * 60, 10 * 60 + 30, 12 * 60 + 30, 18 * 60 + 30,
+                                    15 * 60 + 30, 21 * 60};
+    return kind >= 0 && kind < static_cast<int>(std::size(Usual)) ? Usual[kind] : 12 * 60;
 }
 
 int copyMealEntries(const model::Meal& from, model::Meal& to)

@@ -12,6 +12,13 @@ namespace velmora::food {
 const model::JournalDay* defaultCopySource(const std::vector<model::JournalDay>& days,
                                            const model::CalendarDate& date, int kind);
 
+// The time of day, in minutes after midnight, a new meal of kind on date starts with: the time of
+// the same meal on the latest earlier day that has it, else a usual time for the kind (breakfast
+// at 8:00, brunch 10:30, lunch 12:30, dinner 18:30, the fifth meal 15:30, the sixth 21:00, the
+// others at noon).
+int defaultMealMinutes(const std::vector<model::JournalDay>& days, const model::CalendarDate& date,
+                       int kind);
+
 // Adds every entry of from to to, summing amounts of foods that to already holds as adding a food
 // does. Returns the number of entries copied.
 int copyMealEntries(const model::Meal& from, model::Meal& to);
