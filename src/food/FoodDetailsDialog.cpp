@@ -61,6 +61,9 @@ FoodDetailsDialog::FoodDetailsDialog(ui::AppContext& context, std::int32_t numbe
     if (!food)
         return;
     m_name->setText(ui::toQt(food->name));
+    // Database foods hold their values per 100 g, custom foods per serving.
+    m_nutrients->setHeaderLabels(
+        {tr("Nutrient"), food->isCustom() ? tr("Value per serving") : tr("Value per 100 g")});
     m_source->setText(ui::toQt(sourceLine(food->number, store.foods.sourceRelease())));
 
     const model::NutrientCatalogue& catalogue = store.foods.catalogue();

@@ -573,11 +573,14 @@ void FoodPageTest::detailsOfAHighProteinFood()
     QCOMPARE(egg.sentenceLabel()->text(),
              QStringLiteral("This foods protein is 100.0 % complete."));
 
+    QCOMPARE(egg.nutrientList()->headerItem()->text(1), QStringLiteral("Value per 100 g"));
+
     food::FoodDetailsDialog oil(*m_context, 4053);
     QVERIFY(oil.chart()->isEmpty());
     QVERIFY(oil.sentenceLabel()->isHidden());
     food::FoodDetailsDialog sandwich(*m_context, 70000);
     QCOMPARE(sandwich.sourceLabel()->text(), QStringLiteral("Source: User defined"));
+    QCOMPARE(sandwich.nutrientList()->headerItem()->text(1), QStringLiteral("Value per serving"));
 
     // Double-clicking a meal entry opens the details of its food.
     food::addToMeal(food::mealForAdding(m_context->m_store.journal, {2026, 3, 14}, 0, 0), 9003,
