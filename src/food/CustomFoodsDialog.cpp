@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -18,6 +19,7 @@
 #include "food/logic/CustomFoods.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
+#include "model/UserNames.h"
 #include "ui/Messages.h"
 #include "ui/QtText.h"
 
@@ -141,8 +143,25 @@ int CustomFoodsDialog::storeShown(const QString& name)
     for (int row = 0; row < m_grid->rowCount(); ++row)
         cells.push_back(m_grid->item(row, 1)->text().toStdString());
     const int position = storeCustomFoodCells(m_context.store(), ui::fromQt(name), cells);
-    if (position >= 0)
+    if (position >= 0) {
         m_context.notifyChanged(ui::Change::Definitions);
+        // Cells that were not numbers of 0 or more are stored all the same; say which.
+        QStringList doubtful;
+        for (int row = 0; row < m_grid->rowCount(); ++row) {
+            const std::string& cell = cells[static_cast<std::size_t>(row)];
+            if (cellNeedsNotice(cell))
+                doubtful << QStringLiteral("%1: \"%2\" was stored as %3")
+                                .arg(m_grid->item(row, 0)->text(),
+                                     QString::fromStdString(model::trimBlanks(cell)))
+                                .arg(static_cast<double>(cellValue(cell)));
+        }
+        if (!doubtful.isEmpty())
+            QMessageBox::warning(
+                this, windowTitle(),
+                tr("Some values of \"%1\" were not numbers of 0 or more:\n\n%2\n\nText counts as "
+                   "0.  Correct them in the list if they are wrong.")
+                    .arg(ui::toQt(customFoodName(ui::fromQt(name))), doubtful.join(QLatin1Char('\n'))));
+    }
     return position;
 }
 

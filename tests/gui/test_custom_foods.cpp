@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
+#include <QMessageBox>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -113,15 +114,27 @@ void CustomFoodsTest::newEditDoneStores()
     QCOMPARE(names->currentText(), QStringLiteral("Apple pie"));
     QCOMPARE(grid->item(0, 1)->text(), QStringLiteral("125.0"));
 
-    // An edit followed by "Done" overwrites the same food; a non-numeric cell stores 0.
+    // An edit followed by "Done" overwrites the same food; a non-numeric cell stores 0 and a
+    // negative number is kept, each pointed out; an empty cell and a written 0 are plain zeros.
     grid->item(1, 1)->setText(QStringLiteral("lots"));
     grid->item(2, 1)->setText(QStringLiteral("3.5"));
+    grid->item(3, 1)->setText(QStringLiteral("-2"));
+    grid->item(0, 1)->setText(QStringLiteral(" 125 "));
+    QString notice;
+    onNextModal([&notice](QWidget* box) {
+        notice = static_cast<QMessageBox*>(box)->text();
+        static_cast<QMessageBox*>(box)->accept();
+    });
     buttonOf(&dialog, QStringLiteral("Done"))->click();
+    QVERIFY(notice.contains(QStringLiteral("\"lots\" was stored as 0")));
+    QVERIFY(notice.contains(QStringLiteral("\"-2\" was stored as -2")));
+    QCOMPARE(notice.count(QStringLiteral("was stored")), 2);
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     QCOMPARE(foods.size(), std::size_t{3});
     QCOMPARE(foods[2].servingWeight, 125.0f);
     QCOMPARE(foods[2].valueAt(0), 0.0f);
     QCOMPARE(foods[2].valueAt(1), 3.5f);
+    QCOMPARE(foods[2].valueAt(2), -2.0f);
     QCOMPARE(foods[2].valueAt(3), 237.5f);
     QVERIFY(m_context->modified > 0);
 }

@@ -26,6 +26,22 @@ float cellValue(std::string_view cell)
     return static_cast<float>(v);
 }
 
+bool cellNeedsNotice(std::string_view cell)
+{
+    const std::string text = model::trimBlanks(cell);
+    if (text.empty())
+        return false;
+    const float v = cellValue(text);
+    // A cell that reads as 0 only because it is not a number: "0", "0.0" and "-0" are numbers.
+    if (v == 0.0f) {
+        const char* first = text.data() + (text.front() == '+' ? 1 : 0);
+        double parsed = 0.0;
+        const auto [end, ec] = std::from_chars(first, text.data() + text.size(), parsed);
+        return ec != std::errc() || end != text.data() + text.size();
+    }
+    return v < 0.0f;
+}
+
 int storeCustomFoodCells(model::Store& store, std::string_view typedName,
                          std::span<const std::string> cells)
 {

@@ -35,6 +35,10 @@ inline std::string customFoodName(std::string_view typed)
 // otherwise, and for an empty cell, 0.
 float cellValue(std::string_view cell);
 
+// True when a cell is stored as something other than what it shows: text that does not read as a
+// number (stored as 0), or a number below 0. An empty cell is a plain 0.
+bool cellNeedsNotice(std::string_view cell);
+
 // The same from the texts of the grid: cells[0] is the weight, cells[1..] the nutrients.
 int storeCustomFoodCells(model::Store& store, std::string_view typedName,
                          std::span<const std::string> cells);
