@@ -1,5 +1,7 @@
 #include "charts/Pie.h"
 
+#include <algorithm>
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
@@ -78,6 +80,23 @@ std::vector<PieSliceLayout> Pie::layout(const QRect& area) const
     return layoutPieSlices(square(area), angles, m_startAngle);
 }
 
+QRect Pie::legendRect(const QRect& area) const
+{
+    const QFontMetrics fm(legendFont());
+    int width = 0;
+    for (const Slice& slice : m_slices)
+        width = std::max(width, fm.horizontalAdvance(slice.label) + LegendGap + LegendBox + 2);
+    const int rows = static_cast<int>(m_slices.size());
+    return QRect(area.right() + 1 - width, area.top(), width, rows * LegendRowHeight);
+}
+
+QRect Pie::titleRect(const QRect& area) const
+{
+    // The title's line leaves room for the legend, at least the strip the layout keeps for it.
+    const int legend = std::max(PieLegendStrip, legendRect(area).width() + LegendGap);
+    return QRect(area.left(), area.top(), std::max(0, area.width() - legend), titleHeight());
+}
+
 void Pie::paint(QPainter& painter, const QRect& area, const QPalette& palette) const
 {
     painter.save();
@@ -89,13 +108,17 @@ void Pie::paint(QPainter& painter, const QRect& area, const QPalette& palette) c
     if (!m_title.isEmpty()) {
         painter.setFont(titleFont());
         painter.setPen(palette.color(QPalette::WindowText));
-        const QRect titleArea(area.left(), area.top(), area.width() - PieLegendStrip,
-                              titleHeight());
-        // A title wider than the room starts at the left edge instead of being centred off it.
-        const int flags = QFontMetrics(titleFont()).horizontalAdvance(m_title) > titleArea.width()
-                              ? Qt::AlignLeft | Qt::AlignVCenter
-                              : Qt::AlignHCenter | Qt::AlignVCenter;
-        painter.drawText(titleArea, flags, m_title);
+        const QRect titleArea = titleRect(area);
+        // A title wider than the room starts at the left edge and is cut short with an ellipsis
+        // rather than running under the legend.
+        const QFontMetrics tm(titleFont());
+        const bool fits = tm.horizontalAdvance(m_title) <= titleArea.width();
+        const int flags =
+            fits ? Qt::AlignHCenter | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter;
+        painter.setClipRect(titleArea);
+        painter.drawText(titleArea, flags,
+                         fits ? m_title : tm.elidedText(m_title, Qt::ElideRight, titleArea.width()));
+        painter.setClipping(false);
     }
 
     if (side > 0) {

@@ -44,6 +44,11 @@ public:
     PieRect square(const QRect& area) const;
     std::vector<PieSliceLayout> layout(const QRect& area) const;
 
+    // Where the legend and the title go in area: the legend's rows from the top right corner, the
+    // title on the rest of the title's line, so that the two never overlap.
+    QRect legendRect(const QRect& area) const;
+    QRect titleRect(const QRect& area) const;
+
     // Fills area with the palette's window colour and draws the pie, its title and legend in it.
     void paint(QPainter& painter, const QRect& area, const QPalette& palette) const;
 

@@ -45,6 +45,7 @@ private slots:
     void sectorsRunClockwiseFromTwelve();
     void fullSliceLeavesABackgroundSliver();
     void fontsAndDisc();
+    void titleNeverRunsUnderTheLegend();
 };
 
 void PieChartTest::slicesFollowTheAngleRules()
@@ -106,6 +107,49 @@ void PieChartTest::fullSliceLeavesABackgroundSliver()
     QCOMPARE(colourAt(image, square, 350, 0.9), QColor(255, 0, 0));
     // 358 degrees: the last two, just left of twelve o'clock, show the disc.
     QCOMPARE(colourAt(image, square, 359, 0.9), PieChart::discColour());
+}
+
+void PieChartTest::titleNeverRunsUnderTheLegend()
+{
+    velmora::charts::Pie pie;
+    pie.addSlice(Qt::blue, 203, 20, QStringLiteral("Protein"), true);
+    pie.addSlice(Qt::green, 205, 50, QStringLiteral("Carboyhydrates"), true);
+    pie.addSlice(Qt::red, 204, 30, QStringLiteral("Fat"), true);
+    const QFontMetrics legend(velmora::charts::Pie::legendFont());
+    for (const QString& title : {QStringLiteral("Meal"), QStringLiteral("11/22/2026"),
+                                 QStringLiteral("Highlighted Food")}) {
+        pie.setTitle(title);
+        for (int width : {120, 180, 240, 400}) {
+            const QRect area(10, 20, width, 200);
+            const QRect legendArea = pie.legendRect(area);
+            const QRect titleArea = pie.titleRect(area);
+            QVERIFY2(!titleArea.intersects(legendArea),
+                     qPrintable(QStringLiteral("%1 at %2").arg(title).arg(width)));
+            QVERIFY(legendArea.width() >=
+                    legend.horizontalAdvance(QStringLiteral("Carboyhydrates")));
+            QCOMPARE(legendArea.right(), area.right());
+
+            // Painted: nothing of the title lands on the legend's colour boxes or text.
+            QImage plain(area.right() + 1, area.bottom() + 1, QImage::Format_ARGB32);
+            QImage titled = plain;
+            velmora::charts::Pie untitled = pie; // a blank title keeps the disc where it is
+            untitled.setTitle(QStringLiteral(" "));
+            QCOMPARE(untitled.square(area), pie.square(area));
+            QPalette palette;
+            {
+                QPainter p(&plain);
+                untitled.paint(p, area, palette);
+            }
+            {
+                QPainter p(&titled);
+                pie.paint(p, area, palette);
+            }
+            for (int y = legendArea.top(); y <= std::min(legendArea.bottom(), titleArea.bottom());
+                 ++y)
+                for (int x = legendArea.left(); x <= legendArea.right(); ++x)
+                    QCOMPARE(titled.pixel(x, y), plain.pixel(x, y));
+        }
+    }
 }
 
 void PieChartTest::fontsAndDisc()
