@@ -117,7 +117,8 @@ void Pie::paint(QPainter& painter, const QRect& area, const QPalette& palette) c
             fits ? Qt::AlignHCenter | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter;
         painter.setClipRect(titleArea);
         painter.drawText(titleArea, flags,
-                         fits ? m_title : tm.elidedText(m_title, Qt::ElideRight, titleArea.width()));
+                         fits ? m_title
+                              : tm.elidedText(m_title, Qt::ElideRight, titleArea.width()));
         painter.setClipping(false);
     }
 

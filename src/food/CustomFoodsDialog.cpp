@@ -160,7 +160,8 @@ int CustomFoodsDialog::storeShown(const QString& name)
                 this, windowTitle(),
                 tr("Some values of \"%1\" were not numbers of 0 or more:\n\n%2\n\nText counts as "
                    "0.  Correct them in the list if they are wrong.")
-                    .arg(ui::toQt(customFoodName(ui::fromQt(name))), doubtful.join(QLatin1Char('\n'))));
+                    .arg(ui::toQt(customFoodName(ui::fromQt(name))),
+                         doubtful.join(QLatin1Char('\n'))));
     }
     return position;
 }

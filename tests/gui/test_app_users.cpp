@@ -170,7 +170,8 @@ private slots:
             << QStringLiteral("example User") << false << true << false;
         QTest::newRow("all capitals") << QStringLiteral("EXAMPLE USER") << true << false << false;
         QTest::newRow("small letters") << QStringLiteral("example user") << true << false << false;
-        QTest::newRow("one letter more") << QStringLiteral("Example Users") << true << false << true;
+        QTest::newRow("one letter more")
+            << QStringLiteral("Example Users") << true << false << true;
         QTest::newRow("empty") << QString() << false << false << false;
         QTest::newRow("blanks only") << QStringLiteral("   ") << false << false << false;
         QTest::newRow("path separator") << QStringLiteral("../evil") << false << false << false;

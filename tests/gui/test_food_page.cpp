@@ -308,9 +308,8 @@ void FoodPageTest::mouseOnly()
         QVERIFY(chooser()->amountBox()->isEnabled());
     }
     // The egg, in cups, twice over.
-    const int eggRow = int(foods->row(foods->findItems(QStringLiteral("Egg, whole"),
-                                                        Qt::MatchStartsWith)
-                                           .value(0)));
+    const int eggRow = int(
+        foods->row(foods->findItems(QStringLiteral("Egg, whole"), Qt::MatchStartsWith).value(0)));
     test::clickRow(foods, eggRow);
     chooser()->measureList()->setCurrentIndex(1);
     QTest::mouseClick(chooser()->addButton(), Qt::LeftButton);
@@ -358,7 +357,7 @@ void FoodPageTest::staleMealIsReloadedWhenShown()
 
     // Even a page that missed a change never removes a line other than the one selected.
     food::addToMeal(*model::findDay(store.journal, {2026, 3, 14})->findMeal(0), 9003, 1.0f);
-    m_page->refreshPage(); // egg, apple
+    m_page->refreshPage();                                              // egg, apple
     QVERIFY(food::removeMealEntry(store.journal, {2026, 3, 14}, 0, 0)); // apple left, unseen
     test::clickRow(m_page->mealList(), 0); // the egg, as the page still shows it
     test::ModalScript script;

@@ -117,12 +117,12 @@ TEST(UserNameFiles, NamesDifferingOnlyInCaseAreFoundAsOneFileName)
     const Case cases[] = {
         {"Example User", "example user", true},
         {"Example User", "EXAMPLE USER", true},
-        {"Zo\xEB", "ZO\xCB", true},                // e with diaeresis, small and capital
-        {"\x9Aimon", "\x8Aimon", true},              // s with caron
+        {"Zo\xEB", "ZO\xCB", true},     // e with diaeresis, small and capital
+        {"\x9Aimon", "\x8Aimon", true}, // s with caron
         {"Example User", "Example Users", false},
         {"Ann", "Anna", false},
-        {"Zo\xEB", "Zoe", false},                    // an accent is not a case
-        {"a\xF7", "a\xD7", false},                   // division and multiplication signs
+        {"Zo\xEB", "Zoe", false},  // an accent is not a case
+        {"a\xF7", "a\xD7", false}, // division and multiplication signs
     };
     for (const Case& c : cases) {
         EXPECT_EQ(sameNameIgnoringCase(c.a, c.b), c.same) << c.a << " / " << c.b;

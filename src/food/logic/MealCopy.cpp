@@ -34,8 +34,8 @@ int defaultMealMinutes(const std::vector<model::JournalDay>& days, const model::
         if (offset >= 0 && offset < 24 * 3600)
             return static_cast<int>(offset / 60);
     }
-    static constexpr int Usual[] = {8 * 60, 10 * 60 + 30, 12 * 60 + 30, 18 * 60 + 30,
-                                    15 * 60 + 30, 21 * 60};
+    static constexpr int Usual[] = {8 * 60,       10 * 60 + 30, 12 * 60 + 30,
+                                    18 * 60 + 30, 15 * 60 + 30, 21 * 60};
     return kind >= 0 && kind < static_cast<int>(std::size(Usual)) ? Usual[kind] : 12 * 60;
 }
 
