@@ -6,8 +6,8 @@ set -euo pipefail
 packages=(
     # compilers and build tools
     cmake ninja-build g++ pkg-config
-    # tests and benchmarks
-    libgtest-dev libgmock-dev libbenchmark-dev
+    # tests and benchmarks; the time-zone database for the tests of dates in other zones
+    libgtest-dev libgmock-dev libbenchmark-dev tzdata
     # Qt 6: Qt Charts' CMake package needs Qt's OpenGL module and the GL headers
     qt6-base-dev qt6-base-dev-tools qt6-charts-dev qt6-svg-dev libqt6opengl6-dev
     libgl1-mesa-dev libxkbcommon-dev
