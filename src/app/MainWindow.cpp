@@ -131,6 +131,20 @@ void MainWindow::createActions()
     bar->addAction(finder);
 
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    QAction* tandrySync = file->addAction(QStringLiteral("Tandry Sync..."));
+    tandrySync->setObjectName(QStringLiteral("tandrySync"));
+    tandrySync->setStatusTip(QStringLiteral("Exchange your diet data with the handheld"));
+    QAction* korvelSync = file->addAction(QStringLiteral("Korvel Sync..."));
+    korvelSync->setObjectName(QStringLiteral("korvelSync"));
+    korvelSync->setStatusTip(QStringLiteral("Exchange your workout data with the handheld"));
+    for (QAction* sync : {tandrySync, korvelSync}) {
+        const bool tandry = sync == tandrySync;
+        connect(sync, &QAction::triggered, this, [this, tandry] {
+            m_host->storeCurrent(); // an export takes what the page shows
+            openHandheldSync(*this, tandry);
+        });
+    }
+    file->addSeparator();
     QAction* exit = file->addAction(QStringLiteral("E&xit"));
     exit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     exit->setStatusTip(QStringLiteral("Save and quit Velmora"));

@@ -15,6 +15,7 @@
 #include "food/FoodFinderDialog.h"
 #include "food/FoodPage.h"
 #include "food/JournalListPage.h"
+#include "sync/SyncDialog.h"
 #include "ui/Messages.h"
 
 namespace velmora::app {
@@ -49,6 +50,13 @@ void openDietGoals(ui::AppContext& context)
     analysis::DietGoalsDialog dialog(context, context.mainWindow());
     if (dialog.exec() == QDialog::Accepted)
         context.refreshAllPages(); // the food page's goal pie shows the new goals
+}
+
+void openHandheldSync(ui::AppContext& context, bool tandry)
+{
+    sync::SyncDialog dialog(context, tandry ? sync::Handheld::Tandry : sync::Handheld::Korvel,
+                            context.mainWindow());
+    dialog.exec();
 }
 
 } // namespace velmora::app

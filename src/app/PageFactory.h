@@ -19,5 +19,7 @@ ui::Page* createPage(ui::PageId id, ui::AppContext& context, QWidget* parent);
 // Tool-bar dialogs of other subsystems.
 void openFoodFinder(ui::AppContext& context);
 void openDietGoals(ui::AppContext& context);
+// The handheld sync dialog; tandry chooses the diet handheld, otherwise the workout one.
+void openHandheldSync(ui::AppContext& context, bool tandry);
 
 } // namespace velmora::app
