@@ -93,8 +93,11 @@ QRect Pie::legendRect(const QRect& area) const
 QRect Pie::titleRect(const QRect& area) const
 {
     // The title's line leaves room for the legend, at least the strip the layout keeps for it.
+    // With a legend as wide as the whole area (large fonts, a narrow chart) there is no room at
+    // all: the null rectangle, which draws nothing and meets nothing.
     const int legend = std::max(PieLegendStrip, legendRect(area).width() + LegendGap);
-    return QRect(area.left(), area.top(), std::max(0, area.width() - legend), titleHeight());
+    const int width = area.width() - legend;
+    return width > 0 ? QRect(area.left(), area.top(), width, titleHeight()) : QRect();
 }
 
 void Pie::paint(QPainter& painter, const QRect& area, const QPalette& palette) const
@@ -105,7 +108,7 @@ void Pie::paint(QPainter& painter, const QRect& area, const QPalette& palette) c
     const PieRect sq = square(area);
     const int side = sq.width();
 
-    if (!m_title.isEmpty()) {
+    if (!m_title.isEmpty() && !titleRect(area).isNull()) {
         painter.setFont(titleFont());
         painter.setPen(palette.color(QPalette::WindowText));
         const QRect titleArea = titleRect(area);
