@@ -17,9 +17,9 @@ packages=(
     xvfb xauth fontconfig fonts-dejavu-core
     # fuzzing and the sanitizer runtime of clang
     clang libclang-rt-14-dev
-    # the Debian package (dependencies read from the binaries), and the checks of the menu entry,
+    # the Debian package (dependencies read from the binaries, which needs file), and the checks of the menu entry,
     # the metainfo and the manual page
-    dpkg-dev desktop-file-utils appstream groff-base
+    dpkg-dev file desktop-file-utils appstream groff-base
 )
 if ! command -v apt-get >/dev/null 2>&1; then
     echo "install-deps: this script needs Debian 12 or a derivative with apt-get." >&2
