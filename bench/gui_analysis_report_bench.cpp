@@ -9,7 +9,7 @@
 #include <QPdfWriter>
 #include <QTemporaryDir>
 
-#include "analysis/AnalysisReport.h"
+#include "analysis/report/AnalysisReport.h"
 #include "model/Store.h"
 #include "model/User.h"
 #include "support/Builders.h"

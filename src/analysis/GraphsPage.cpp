@@ -19,7 +19,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "analysis/AnalysisReport.h"
+#include "analysis/AnalysisPreview.h"
 #include "analysis/ExerciseFieldDialog.h"
 #include "analysis/GraphView.h"
 #include "analysis/QtText.h"

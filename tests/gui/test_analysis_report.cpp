@@ -9,7 +9,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "analysis/AnalysisReport.h"
+#include "analysis/report/AnalysisReport.h"
 
 using namespace velmora;
 using analysis::AnalysisReportContent;

@@ -226,6 +226,12 @@ TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
     std::ofstream(dir / "weigh-ins.csv") << "Date,Weight (kg)\n2020-01-03,80.5\n2020-01-04,abc\n";
     const std::string csv = quote((dir / "weigh-ins.csv").string());
     const std::string out = quote((dir / "export").string());
+    const std::string pdf = quote((dir / "report.pdf").string());
+#if VELMORA_CLI_PDF
+    const int pdfWritten = 0;
+#else
+    const int pdfWritten = 2; // a build without the graphical part says it cannot paint pages
+#endif
     struct Case
     {
         std::string args;
@@ -240,6 +246,10 @@ TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
         {"report" + where + " --from 2020-02-30 --to 2020-03-01", 2, ""},
         {"report" + where + " --user Nobody --from 2020-01-01 --to 2020-01-31", 2, ""},
         {"report" + where + " --from 2020-01-01", 2, ""},
+        {"report" + where + " --from 2020-01-01 --to 2020-01-31 --pdf " + pdf, pdfWritten, ""},
+        {"report" + where + " --from 2020-01-01 --to 2020-01-31 --pdf " +
+             quote((dir / "no-such-folder" / "r.pdf").string()), 2, ""},
+        {"report" + where + " --from 2020-01-01 --to 2020-01-31 --csv --pdf " + pdf, 2, ""},
         {"export" + where + " --out " + out, 0, "Exported 1 days (2 servings"},
         {"import-health" + where + " " + csv, 1, "Line 3 skipped"},
         {"import-health" + where + " " + csv + " --yes", 0, "Imported 1 values"},
@@ -253,4 +263,9 @@ TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
     }
     EXPECT_TRUE(fs::exists(dir / "export" / "servings.csv"));
     EXPECT_TRUE(fs::exists(dir / "export" / "daily.csv"));
+#if VELMORA_CLI_PDF
+    const auto pdfBytes = readBytes(dir / "report.pdf");
+    ASSERT_GT(pdfBytes.size(), 4u);
+    EXPECT_EQ(std::string(pdfBytes.begin(), pdfBytes.begin() + 5), "%PDF-");
+#endif
 }

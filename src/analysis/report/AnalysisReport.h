@@ -6,7 +6,6 @@
 
 class QPagedPaintDevice;
 class QPainter;
-class QWidget;
 
 namespace velmora::model {
 class Store;
@@ -39,9 +38,5 @@ int paintAnalysisReport(QPainter& painter, QPagedPaintDevice& device,
 // written; on failure it is left as it was and false is returned with the reason in error.
 bool writeAnalysisPdf(const QString& path, const AnalysisReportContent& report,
                       QString* error = nullptr);
-
-// Shows the print preview of the report; its print button leads to the print dialog, where a
-// printer or a PDF file is chosen.
-void previewAnalysisReport(QWidget* parent, const AnalysisReportContent& report);
 
 } // namespace velmora::analysis

@@ -1,4 +1,4 @@
-#include "analysis/AnalysisReport.h"
+#include "analysis/report/AnalysisReport.h"
 
 #include <algorithm>
 
@@ -6,10 +6,7 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
 #include <QSaveFile>
-#include <QWidget>
 
 #include "analysis/QtText.h"
 #include "analysis/logic/ReportPages.h"
@@ -179,22 +176,6 @@ bool writeAnalysisPdf(const QString& path, const AnalysisReportContent& report, 
         return false;
     }
     return true;
-}
-
-void previewAnalysisReport(QWidget* parent, const AnalysisReportContent& report)
-{
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(QStringLiteral("Velmora"));
-    printer.setPageMargins(QMarginsF(18, 18, 18, 18), QPageLayout::Millimeter);
-    QPrintPreviewDialog preview(&printer, parent);
-    preview.setWindowTitle(QStringLiteral("Print Preview"));
-    preview.resize(parent != nullptr ? parent->window()->size() * 0.9 : QSize(900, 700));
-    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
-                     [&report](QPrinter* target) {
-                         QPainter painter(target);
-                         paintAnalysisReport(painter, *target, report);
-                     });
-    preview.exec();
 }
 
 } // namespace velmora::analysis
