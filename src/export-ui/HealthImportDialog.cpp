@@ -154,7 +154,7 @@ HealthImportDialog::HealthImportDialog(ui::AppContext& context, QWidget* parent)
     m_problemsTitle = new QLabel(QStringLiteral("Rows that cannot be read (skipped):"), this);
     m_problems = new QListWidget(this);
     m_problems->setObjectName(QStringLiteral("problems"));
-    m_problems->setMaximumHeight(100);
+    m_problems->setFixedHeight(m_problems->fontMetrics().lineSpacing() * 4 + 8);
     m_problemsTitle->setVisible(false);
     m_problems->setVisible(false);
 
@@ -182,8 +182,10 @@ HealthImportDialog::HealthImportDialog(ui::AppContext& context, QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(intro);
+    auto* fileLabel = new QLabel(QStringLiteral("&File:"), this);
+    fileLabel->setBuddy(m_file->lineEdit());
     auto* form = new QFormLayout;
-    form->addRow(QStringLiteral("&File:"), fileRow);
+    form->addRow(fileLabel, fileRow);
     layout->addLayout(form);
     layout->addWidget(options);
     layout->addWidget(m_summary);
@@ -194,7 +196,7 @@ HealthImportDialog::HealthImportDialog(ui::AppContext& context, QWidget* parent)
     layout->addWidget(buttons);
     forgetPlan();
     m_file->setFocus();
-    resize(620, 560);
+    resize(640, 700);
 }
 
 HealthImportOptions HealthImportDialog::chosenOptions() const
@@ -272,16 +274,17 @@ void HealthImportDialog::showPlan()
     for (const std::string& c : plan.columns)
         columns << fileText(c);
     QString summary = QStringLiteral("Columns read: %1.\n").arg(columns.join(QStringLiteral("; ")));
-    summary += QStringLiteral("%1 read: %2 new, %3 different from the journal, %4 already in "
-                              "the journal")
+    summary += QStringLiteral("%1 read: %2, %3 that differ from the journal")
                    .arg(countText(plan.rowsRead, "row", "rows"),
-                        countText(plan.newValues.size(), "value", "values"),
-                        countText(plan.replacements.size(), "value", "values"))
-                   .arg(plan.unchanged);
-    if (!plan.problems.empty())
-        summary +=
-            QStringLiteral("; %1 skipped").arg(countText(plan.problems.size(), "row", "rows"));
+                        countText(plan.newValues.size(), "new value", "new values"),
+                        countText(plan.replacements.size(), "value", "values"));
+    if (plan.unchanged > 0)
+        summary += QStringLiteral(", %1 the journal holds already")
+                       .arg(countText(plan.unchanged, "value", "values"));
     summary += QLatin1Char('.');
+    if (!plan.problems.empty())
+        summary += QStringLiteral(" %1 skipped (listed below).")
+                       .arg(countText(plan.problems.size(), "row", "rows"));
     m_summary->setText(summary);
 
     // New values and replacements together, by date and item, as the journal will hold them.
