@@ -145,6 +145,22 @@ void MainWindow::createActions()
         });
     }
     file->addSeparator();
+    QAction* exportJournal = file->addAction(QStringLiteral("Export..."));
+    exportJournal->setObjectName(QStringLiteral("exportJournal"));
+    exportJournal->setStatusTip(QStringLiteral("Write your journal as CSV files or JSON"));
+    QAction* importHealth = file->addAction(QStringLiteral("Import Health Values..."));
+    importHealth->setObjectName(QStringLiteral("importHealth"));
+    importHealth->setStatusTip(QStringLiteral("Read weigh-ins from a CSV file"));
+    // Both take the journal with what the current page shows.
+    connect(exportJournal, &QAction::triggered, this, [this] {
+        m_host->storeCurrent();
+        openExport(*this);
+    });
+    connect(importHealth, &QAction::triggered, this, [this] {
+        m_host->storeCurrent();
+        openHealthImport(*this);
+    });
+    file->addSeparator();
     QAction* exit = file->addAction(QStringLiteral("E&xit"));
     exit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     exit->setStatusTip(QStringLiteral("Save and quit Velmora"));

@@ -7,6 +7,8 @@
 
 #include "analysis/DietGoalsDialog.h"
 #include "analysis/GraphsPage.h"
+#include "export-ui/ExportDialog.h"
+#include "export-ui/HealthImportDialog.h"
 #include "ui/AppContext.h"
 #include "ui/Page.h"
 #include "fitness/FitnessLogPage.h"
@@ -57,6 +59,19 @@ void openHandheldSync(ui::AppContext& context, bool tandry)
     sync::SyncDialog dialog(context, tandry ? sync::Handheld::Tandry : sync::Handheld::Korvel,
                             context.mainWindow());
     dialog.exec();
+}
+
+void openExport(ui::AppContext& context)
+{
+    exchange::ExportDialog dialog(context, context.mainWindow());
+    dialog.exec();
+}
+
+void openHealthImport(ui::AppContext& context)
+{
+    exchange::HealthImportDialog dialog(context, context.mainWindow());
+    if (dialog.exec() == QDialog::Accepted)
+        context.refreshAllPages();
 }
 
 } // namespace velmora::app

@@ -21,5 +21,9 @@ void openFoodFinder(ui::AppContext& context);
 void openDietGoals(ui::AppContext& context);
 // The handheld sync dialog; tandry chooses the diet handheld, otherwise the workout one.
 void openHandheldSync(ui::AppContext& context, bool tandry);
+// File > "Export..." and File > "Import Health Values..."; after an import every page shows the
+// new values.
+void openExport(ui::AppContext& context);
+void openHealthImport(ui::AppContext& context);
 
 } // namespace velmora::app

@@ -26,16 +26,19 @@ std::string withUnit(std::string name, const std::string& unit)
 struct ComputedColumn
 {
     model::NutrientId nutrient;
-    const char* header; // when the catalogue holds no entry for it
+    const char* header;
     const char* unit;
 };
 
+// The pages' short names ("% Fat", "Carbs, Net") read in a spreadsheet as the fat share by
+// weight and as a column about carbs; the files name what the values are, with the unit last
+// like every other column.
 constexpr ComputedColumn Computed[] = {
-    {nutrient::PercentFat, "% Fat", "%"},
-    {nutrient::PercentCarb, "% Carb", "%"},
-    {nutrient::PercentProtein, "% Protein", "%"},
+    {nutrient::PercentFat, "Energy from fat (%)", "%"},
+    {nutrient::PercentCarb, "Energy from carbohydrate (%)", "%"},
+    {nutrient::PercentProtein, "Energy from protein (%)", "%"},
     {nutrient::Points, "Points", ""},
-    {nutrient::NetCarbs, "Carbs, Net (g)", "g"},
+    {nutrient::NetCarbs, "Net carbohydrate (g)", "g"},
     {nutrient::ProteinScore, "Complete protein (g)", "g"},
 };
 
@@ -53,11 +56,8 @@ std::vector<NutrientColumn> nutrientColumns(const model::NutrientCatalogue& cata
         const std::string unit = model::cp1252ToUtf8(d.shortText);
         columns.push_back({d.number, withUnit(model::cp1252ToUtf8(d.name), unit), unit});
     }
-    for (const ComputedColumn& c : Computed) {
-        const model::NutrientDef* d = catalogue.find(c.nutrient);
-        std::string header = d && !d->name.empty() ? model::cp1252ToUtf8(d->name) : c.header;
-        columns.push_back({c.nutrient, std::move(header), c.unit});
-    }
+    for (const ComputedColumn& c : Computed)
+        columns.push_back({c.nutrient, c.header, c.unit});
     return columns;
 }
 

@@ -14,7 +14,8 @@ class NutrientCatalogue;
 namespace velmora::exchange {
 
 // One nutrient column of servings.csv and daily.csv: the nutrient and its header, the name with
-// the unit in parentheses (e.g. "Protein (g)", "Vitamin B12 (µg)", "% Fat"), in UTF-8.
+// the unit in parentheses (e.g. "Protein (g)", "Vitamin B12 (µg)", "Energy from fat (%)"), in
+// UTF-8.
 struct NutrientColumn
 {
     model::NutrientId nutrient = 0;

@@ -12,6 +12,9 @@ inline const QString ManualUrl = QStringLiteral("Help/ManualUrl");
 inline const QString TipStartUp = QStringLiteral("Tip/StartUp");
 inline const QString TipFilePos = QStringLiteral("Tip/FilePos");
 inline const QString TipTimeStamp = QStringLiteral("Tip/TimeStamp");
+// The folder of the last export and the last weigh-in file imported.
+inline const QString ExportFolder = QStringLiteral("Export/Folder");
+inline const QString ImportHealthFile = QStringLiteral("Import/HealthFile");
 
 inline const QString DefaultVersionUrl = QStringLiteral("https://www.velmora.example/version.txt");
 inline const QString DefaultManualUrl = QStringLiteral("https://www.velmora.example/manual/");

@@ -124,8 +124,9 @@ TEST(JournalExportTest, HeadersNameTheirUnits)
         TempDir dir;
         ASSERT_TRUE(exportJournal(store, dir.path(), ExportOptions{}));
         const CsvRows servings = readRows(dir / ServingsFileName);
-        for (const char* name : {"Protein (g)", "Energy (kcal)", "% Fat", "% Carb", "% Protein",
-                                 "Points", "Carbs, Net (g)", "Complete protein (g)"})
+        for (const char* name :
+             {"Protein (g)", "Energy (kcal)", "Energy from fat (%)", "Energy from carbohydrate (%)",
+              "Energy from protein (%)", "Points", "Net carbohydrate (g)", "Complete protein (g)"})
             EXPECT_NE(std::find(servings.header.begin(), servings.header.end(), name),
                       servings.header.end())
                 << name;
