@@ -225,6 +225,9 @@ void FoodPage::storePage()
 
 void FoodPage::rebuildMeal()
 {
+    // Every change of the journal this page makes or meets passes here: what the suggestions rank
+    // by may have changed with it.
+    m_chooser->forgetHistory();
     const model::Meal* meal = currentMeal();
     m_mealList->blockSignals(true);
     m_mealList->clear();

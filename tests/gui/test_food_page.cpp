@@ -29,6 +29,7 @@
 #include "food/FoodPage.h"
 #include "food/MacroPanel.h"
 #include "food/logic/MealEditing.h"
+#include "food/logic/MeasureChoices.h"
 #include "model/Store.h"
 #include "test_app_support.h"
 #include "ui/Messages.h"
@@ -165,7 +166,7 @@ void FoodPageTest::searchChooseAddRemove()
     QCOMPARE(foods->item(0)->text(), QStringLiteral("Egg sandwich")); // custom foods first
     QCOMPARE(foods->currentRow(), 0);
     foods->setCurrentRow(1);
-    QCOMPARE(chooser()->measureList()->count(), 2);
+    QCOMPARE(chooser()->measureList()->count(), 4); // large, cup, then ounces and grams
     QCOMPARE(chooser()->measureList()->currentText(), QStringLiteral("large"));
     QVERIFY(chooser()->addButton()->isEnabled());
 
@@ -303,7 +304,7 @@ void FoodPageTest::mouseOnly()
         const model::FoodItem* food = chooser()->selectedFood();
         QVERIFY2(food, qPrintable(QStringLiteral("row %1").arg(row)));
         QCOMPARE(food->number, foods->item(row)->data(Qt::UserRole).toInt());
-        QCOMPARE(chooser()->measureList()->count(), int(food->measures.size()));
+        QCOMPARE(chooser()->measureList()->count(), int(food::measureChoices(*food, false).size()));
         QVERIFY(chooser()->addButton()->isEnabled());
         QVERIFY(chooser()->amountBox()->isEnabled());
     }
@@ -372,11 +373,11 @@ void FoodPageTest::staleMealIsReloadedWhenShown()
 
 void FoodPageTest::amountBoxRules()
 {
-    chooser()->searchBox()->setText(QStringLiteral("oil"));
+    chooser()->searchBox()->setText(QStringLiteral("apple"));
     chooser()->search();
     controls::AmountSpinBox* amount = chooser()->amountBox();
     QVERIFY(amount->isEnabled());
-    QVERIFY(!chooser()->measureList()->isEnabled()); // a food without measures
+    QCOMPARE(chooser()->measureList()->currentText(), QStringLiteral("medium"));
 
     amount->setValue(0.5);
     amount->stepDown();
@@ -401,8 +402,8 @@ void FoodPageTest::amountBoxRules()
     QVERIFY(!chooser()->amountHint()->isVisible());
     QTest::keyClick(amount, Qt::Key_Tab);
     QCOMPARE(amount->value(), 1.5);
-    // Without a measure the factor is 1: 1.5 units of 100 g.
-    QCOMPARE(chooser()->amountToAdd(), 1.5);
+    // One and a half medium apples of 182 g: 2.73 units of 100 g.
+    QCOMPARE(chooser()->amountToAdd(), 1.5 * 1.82);
 
     // With no food selected the amount shows 1.0 again.
     chooser()->foodList()->clearSelection();
