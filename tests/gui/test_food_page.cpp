@@ -116,6 +116,7 @@ private slots:
     void noMatchesSaysSo();
     void browsingCreatesNothing();
     void copyMealFromEarlierDay();
+    void copyDayFromEarlierDay();
     void finderRanksAndOpensDetails();
     void detailsOfAHighProteinFood();
 
@@ -515,6 +516,50 @@ void FoodPageTest::copyMealFromEarlierDay()
     QCOMPARE(breakfast.entries.at(0).amount, 1.0f); // 0.5 + 0.5 summed
     QCOMPARE(breakfast.entries.at(1).food, 9003);
     QCOMPARE(store.journal.days.size(), std::size_t(3));
+}
+
+void FoodPageTest::copyDayFromEarlierDay()
+{
+    model::Store& store = m_context->m_store;
+    model::JournalDay monday =
+        test::dayWithMeal(model::CalendarDate{2026, 3, 9}.toTime(), 0, {{1123, 1.0f}});
+    monday.meals.push_back(test::dayWithMeal(monday.date, 3, {{9003, 1.82f}}).meals[0]);
+    monday.meals.back().time = monday.date + 19 * 3600;
+    store.journal.days.push_back(monday);
+    food::addToMeal(food::mealForAdding(store.journal, {2026, 3, 14}, 0, 0), 1123, 0.5f);
+    m_page->setCurrentMealKind(3);
+    m_page->refreshPage();
+    QCOMPARE(m_page->mealList()->count(), 0);
+
+    test::ModalScript script;
+    script.expect(QStringLiteral("Copy Day From"), [](QWidget* w) {
+        auto* dialog = static_cast<food::CopyMealDialog*>(w);
+        QCOMPARE(dialog->sourceDate(), (model::CalendarDate{2026, 3, 9}));
+        QCOMPARE(dialog->preview()->item(0)->text(), QStringLiteral("Breakfast"));
+        QCOMPARE(dialog->preview()->item(2)->text(), QStringLiteral("Dinner"));
+        QCOMPARE(dialog->preview()->count(), 4);
+        QVERIFY(!dialog->mealChoice()->isVisible());
+        QPushButton* ok = dialog->buttons()->button(QDialogButtonBox::Ok);
+        dialog->dateEdit()->setFocus();
+        QTest::keyClick(dialog->dateEdit(), Qt::Key_Up); // a date without meals
+        QVERIFY(!ok->isEnabled());
+        // The page's own date would copy the day onto itself: refused.
+        dialog->dateEdit()->setDate(QDate(2026, 3, 14));
+        QVERIFY(!ok->isEnabled());
+        dialog->dateEdit()->setDate(QDate(2026, 3, 9));
+        QTest::mouseClick(ok, Qt::LeftButton);
+    });
+    QTest::mouseClick(m_page->copyDayButton(), Qt::LeftButton);
+    QVERIFY(script.finished());
+
+    // Breakfast summed into today's, dinner made at its own time; the page shows the dinner.
+    const model::JournalDay& today = *model::findDay(store.journal, {2026, 3, 14});
+    QCOMPARE(today.findMeal(0)->entries.size(), std::size_t(1));
+    QCOMPARE(today.findMeal(0)->entries[0].amount, 1.5f);
+    QCOMPARE(today.findMeal(3)->time, food::mealTimeOn({2026, 3, 14}, 19, 0));
+    QCOMPARE(m_page->mealList()->count(), 1);
+    QCOMPARE(m_page->timeEdit()->time(), QTime(19, 0));
+    QVERIFY(m_context->modified > 0);
 }
 
 void FoodPageTest::finderRanksAndOpensDetails()
