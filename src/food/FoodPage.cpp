@@ -18,6 +18,7 @@
 #include "food/CustomFoodsDialog.h"
 #include "food/FoodChooser.h"
 #include "food/FoodDetailsDialog.h"
+#include "controls/AmountSpinBox.h"
 #include "food/MacroPanel.h"
 #include "ui/QtText.h"
 #include "food/SaveMealDialog.h"
@@ -341,6 +342,12 @@ void FoodPage::addSelectedFood()
         m_chooser->refresh();
     m_highlight = Highlight::Food;
     rebuildMeal();
+}
+
+void FoodPage::showFood(std::int32_t number)
+{
+    m_chooser->showFood(number);
+    m_chooser->amountBox()->setFocus();
 }
 
 void FoodPage::removeSelectedEntry()

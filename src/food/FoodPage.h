@@ -47,6 +47,8 @@ public:
 
     // Adds the chosen amount of the selected food to the current meal (what "&Add >>" does).
     void addSelectedFood();
+    // Shows a food chosen elsewhere (the food finder) in the food list, selected and ready to add.
+    void showFood(std::int32_t number);
     // Removes the selected meal-list entry after the delete confirmation.
     void removeSelectedEntry();
     // Adds the foods of the meal of kind on date to the current meal; returns the entries copied.

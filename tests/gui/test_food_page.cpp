@@ -11,8 +11,10 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -118,6 +120,7 @@ private slots:
     void copyMealFromEarlierDay();
     void copyDayFromEarlierDay();
     void finderRanksAndOpensDetails();
+    void finderRemembersAndShowsOnFoodPage();
     void detailsOfAHighProteinFood();
 
 private:
@@ -565,6 +568,8 @@ void FoodPageTest::copyDayFromEarlierDay()
 void FoodPageTest::finderRanksAndOpensDetails()
 {
     food::FoodFinderDialog finder(*m_context);
+    finder.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&finder));
     QCOMPARE(finder.windowTitle(), QStringLiteral("Food Finder"));
     QCOMPARE(finder.resultList()->topLevelItemCount(), 0); // empty before the first Find
     QCOMPARE(finder.nutrientList(0)->currentIndex(), 0);
@@ -591,9 +596,78 @@ void FoodPageTest::finderRanksAndOpensDetails()
                  QStringLiteral("Egg, whole, raw, fresh"));
         static_cast<QDialog*>(w)->accept();
     });
-    results->setCurrentItem(results->topLevelItem(0));
-    emit results->itemDoubleClicked(results->topLevelItem(0), 0);
+    const QRect egg = results->visualItemRect(results->topLevelItem(0));
+    // A double-click, as the mouse gives it: a click, then the second press.
+    QTest::mouseClick(results->viewport(), Qt::LeftButton, Qt::NoModifier, egg.center());
+    QTest::mouseDClick(results->viewport(), Qt::LeftButton, Qt::NoModifier, egg.center());
     QVERIFY(script.finished());
+}
+
+void FoodPageTest::finderRemembersAndShowsOnFoodPage()
+{
+    QSettings().clear();
+    const char* longName = "Cereals ready-to-eat, a name far too long for the finder's name "
+                           "column of three hundred and twenty pixels";
+    m_context->m_store.foods.addFood(
+        FoodBuilder(catalogue(), 8001, longName).group(800).value(203, 9.0f).value(204, 1.0f));
+    m_page->hide(); // the mouse rests over the finder alone
+    {
+        food::FoodFinderDialog finder(*m_context);
+        finder.show();
+        finder.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&finder)); // tool tips show in the active window
+        finder.nutrientList(0)->setFocus();
+        QTest::keyClicks(finder.nutrientList(0), QStringLiteral("Total"));
+        finder.nutrientList(1)->setFocus();
+        QTest::keyClicks(finder.nutrientList(1), QStringLiteral("Protein"));
+        QTest::mouseClick(finder.lowButton(0), Qt::LeftButton);
+        QTest::mouseClick(finder.highButton(1), Qt::LeftButton);
+        QTest::mouseClick(finder.findButton(), Qt::LeftButton);
+        QTreeWidget* results = finder.resultList();
+        QCOMPARE(results->headerItem()->text(1), QStringLiteral("Total lipid (fat)"));
+        QVERIFY(!finder.foodPageButton()->isEnabled()); // no food chosen yet
+
+        // A name cut by its column shows whole when the mouse rests on it; a short one shows none.
+        QTreeWidgetItem* cut =
+            results->findItems(QString::fromLatin1(longName), Qt::MatchExactly)[0];
+        QTest::mouseMove(results->viewport(), results->visualItemRect(cut).center());
+        QTRY_VERIFY(QToolTip::isVisible());
+        QCOMPARE(QToolTip::text(), QString::fromLatin1(longName));
+        QTreeWidgetItem* apple =
+            results->findItems(QStringLiteral("Apples, raw, with skin"), Qt::MatchExactly)[0];
+        QTest::mouseMove(results->viewport(), results->visualItemRect(apple).center());
+        QTRY_VERIFY(!QToolTip::isVisible());
+
+        // The apple, low in fat and high in protein, goes to the food page.
+        test::clickItem(results, apple);
+        QVERIFY(finder.foodPageButton()->isEnabled());
+        QTest::mouseClick(finder.foodPageButton(), Qt::LeftButton);
+        QCOMPARE(finder.result(), int(QDialog::Accepted));
+        QCOMPARE(finder.chosenFood(), 9003);
+    }
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+    // The next finder starts with the nutrients and directions used last.
+    food::FoodFinderDialog again(*m_context);
+    QCOMPARE(again.nutrientList(0)->currentText(), QStringLiteral("Total lipid (fat)"));
+    QCOMPARE(again.nutrientList(1)->currentText(), QStringLiteral("Protein"));
+    QVERIFY(again.lowButton(0)->isChecked());
+    QVERIFY(again.highButton(1)->isChecked());
+    QSettings().clear();
+
+    // On the food page, in the Custom Foods list and a group that does not hold it: the page
+    // turns to All Foods and all groups, with the apple first, selected and ready to add.
+    chooser()->modeButton(food::FoodListMode::Custom)->click();
+    chooser()->groupList()->setCurrentIndex(chooser()->groupList()->findData(100));
+    m_page->showFood(9003);
+    QVERIFY(chooser()->modeButton(food::FoodListMode::All)->isChecked());
+    QCOMPARE(chooser()->groupList()->currentText(), QStringLiteral(" <All Groups>"));
+    QCOMPARE(chooser()->searchBox()->text(), QStringLiteral("Apples, raw, with skin"));
+    QCOMPARE(chooser()->foodList()->currentRow(), 0);
+    QCOMPARE(chooser()->selectedFood()->number, 9003);
+    QVERIFY(chooser()->addButton()->isEnabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(m_page->mealList()->count(), 1);
 }
 
 void FoodPageTest::detailsOfAHighProteinFood()
