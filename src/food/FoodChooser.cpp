@@ -56,6 +56,10 @@ FoodChooser::FoodChooser(ui::AppContext& context, QWidget* parent)
 
     m_amount = new controls::AmountSpinBox(AmountFloor, AmountMaximum, AmountStep, this);
     m_amount->setObjectName(QStringLiteral("amountBox"));
+    // Wide enough for grams and ounces up to 1000 from the start, so that the row keeps still.
+    m_amount->setMaximum(WeightAmountMaximum);
+    m_amount->setMinimumWidth(m_amount->sizeHint().width());
+    m_amount->setMaximum(AmountMaximum);
     m_amount->setValue(AmountDefault);
     m_amount->setToolTip(tr("How many of the chosen measure (steps of 0.25)"));
     auto* times = new QLabel(QStringLiteral("x"), this);
