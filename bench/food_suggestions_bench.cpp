@@ -1,5 +1,6 @@
 // The suggestions under the search box over every food of the built foods.db, one call per key
-// typed, with a ten-year journal's eating history; and the word index built once per database.
+// typed, with a ten-year journal's eating history; the word index built once per database, and the
+// eating history read again after the journal changed.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -46,6 +47,16 @@ void BM_BuildWordIndex(benchmark::State& state)
     }
 }
 BENCHMARK(BM_BuildWordIndex)->Unit(benchmark::kMillisecond);
+
+// The eating history of a ten-year journal, read again at the first key after the journal changed.
+void BM_EatingHistory(benchmark::State& state)
+{
+    const std::vector<model::JournalDay> days =
+        test::generatedJournal(builtDatabase(), test::JournalShape{}, 7);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(food::eatingHistory(days).size());
+}
+BENCHMARK(BM_EatingHistory)->Unit(benchmark::kMillisecond);
 
 // One iteration types a whole phrase, one suggestion list per key; the time per key is the
 // iteration time over the phrase's length.

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -21,6 +22,7 @@
 #include "analysis/QtText.h"
 #include "analysis/logic/NumberText.h"
 #include "ui/AppContext.h"
+#include "model/Clock.h"
 #include "model/Store.h"
 #include "model/User.h"
 #include "ui/Messages.h"
@@ -57,11 +59,34 @@ DietGoalsDialog::DietGoalsDialog(ui::AppContext& context, QWidget* parent)
 
     auto* estimateBox =
         new QGroupBox(QStringLiteral("Step 3: Estimate Nutritional Goals (optional)"));
-    auto* estimateRow = new QHBoxLayout(estimateBox);
+    auto* estimateGrid = new QGridLayout(estimateBox);
     auto* estimate = new QPushButton(QStringLiteral("Estimate >>"), estimateBox);
     connect(estimate, &QPushButton::clicked, this, &DietGoalsDialog::onEstimate);
-    estimateRow->addStretch();
-    estimateRow->addWidget(estimate);
+    // The need measured from the journal, with what it rests on or why there is none.
+    m_measured = measuredEnergyNeed(store, model::CalendarDate::fromTime(model::now()));
+    const bool measured = m_measured.status == MeasuredEnergyStatus::Measured;
+    const QString basis = fromUtf8(measuredEnergyBasis(m_measured));
+    m_measuredLabel = new QLabel(
+        measured ? QStringLiteral("Measured from your journal: <b>%1 kcal</b> a day<br>"
+                                  "<small>%2</small>")
+                       .arg(QString::number(m_measured.maintenance, 'f', 0), basis.toHtmlEscaped())
+                 : QStringLiteral("No energy need measured from your journal yet.<br>"
+                                  "<small>%1</small>")
+                       .arg(basis.toHtmlEscaped()),
+        estimateBox);
+    m_measuredLabel->setObjectName(QStringLiteral("measuredEnergy"));
+    m_measuredLabel->setWordWrap(true);
+    m_useMeasured = new QPushButton(QStringLiteral("Use Measured >>"), estimateBox);
+    m_useMeasured->setObjectName(QStringLiteral("useMeasured"));
+    m_useMeasured->setEnabled(measured);
+    m_useMeasured->setToolTip(
+        QStringLiteral("Take the measured need as the energy goal, and the protein, fat, "
+                       "carbohydrate and fibre goals that follow from it"));
+    connect(m_useMeasured, &QPushButton::clicked, this, &DietGoalsDialog::onUseMeasured);
+    estimateGrid->addWidget(estimate, 0, 1);
+    estimateGrid->addWidget(m_measuredLabel, 1, 0);
+    estimateGrid->addWidget(m_useMeasured, 1, 1, Qt::AlignTop);
+    estimateGrid->setColumnStretch(0, 1);
     steps->addWidget(estimateBox);
 
     auto* bodyBox = new QGroupBox(QStringLiteral("Step 4: Body Size Goals (optional)"));
@@ -268,11 +293,20 @@ void DietGoalsDialog::onEstimate()
     setGridCells(estimateGoalCells(m_goals, m_context.store().foods, gridCells()));
 }
 
+void DietGoalsDialog::onUseMeasured()
+{
+    if (m_measured.status != MeasuredEnergyStatus::Measured || !readProfile())
+        return;
+    setGridCells(energyGoalCells(m_goals, m_measured.maintenance, gridCells()));
+}
+
 void DietGoalsDialog::onSetProgram()
 {
     if (!readProfile())
         return;
     DietPlannerDialog planner(m_goals, this);
+    if (m_measured.status == MeasuredEnergyStatus::Measured)
+        planner.setMeasuredNeed(m_measured.maintenance);
     planner.exec();
 }
 

@@ -5,6 +5,7 @@
 #include <QDialog>
 
 #include "analysis/logic/DietGoals.h"
+#include "analysis/logic/MeasuredEnergy.h"
 
 class QComboBox;
 class QLabel;
@@ -23,7 +24,9 @@ namespace velmora::analysis {
 // "Diet Goals": four steps that set the current user's diet goals: the personal information, the
 // wish to keep or change weight (with the Diet Planner), the estimate of the nutrient goals into
 // the grid on the right, and the body goals. OK stores the profile, the plan and the grid's goals;
-// Cancel stores nothing (the body goals are stored by their own dialog).
+// Cancel stores nothing (the body goals are stored by their own dialog). Beside "Estimate >>" it
+// shows the energy need measured from the journal's last weeks, or why there is none, and
+// "Use Measured >>" takes it as the energy goal.
 class DietGoalsDialog : public QDialog
 {
     Q_OBJECT
@@ -32,6 +35,9 @@ public:
     DietGoalsDialog(ui::AppContext& context, QWidget* parent = nullptr);
 
     void accept() override;
+
+    QLabel* measuredLabel() const { return m_measuredLabel; }
+    QPushButton* useMeasuredButton() const { return m_useMeasured; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -49,6 +55,7 @@ private:
     void fitGridColumns();
     void onGender(int index);
     void onEstimate();
+    void onUseMeasured();
     void onSetProgram();
     void onBodyGoals();
 
@@ -66,6 +73,9 @@ private:
     QRadioButton* m_change = nullptr;
     QPushButton* m_setProgram = nullptr;
     QTableWidget* m_grid = nullptr;
+    MeasuredEnergy m_measured;
+    QLabel* m_measuredLabel = nullptr;
+    QPushButton* m_useMeasured = nullptr;
 };
 
 } // namespace velmora::analysis

@@ -11,6 +11,7 @@
 
 #include "analysis/QtText.h"
 #include "analysis/logic/DietGoals.h"
+#include "analysis/logic/MeasuredEnergy.h"
 #include "analysis/logic/NumberText.h"
 #include "ui/Messages.h"
 
@@ -86,12 +87,17 @@ DietPlannerDialog::DietPlannerDialog(DietGoals& goals, QWidget* parent)
     m_planText->setObjectName(QStringLiteral("planText"));
     m_difficultyText = new QLabel(info);
     m_difficultyText->setObjectName(QStringLiteral("difficultyText"));
+    m_measuredText = new QLabel(info);
+    m_measuredText->setObjectName(QStringLiteral("measuredText"));
+    m_measuredText->setWordWrap(true);
     for (QLabel* label : {m_planText, m_difficultyText}) {
         label->setWordWrap(true);
         label->setMinimumHeight(label->fontMetrics().lineSpacing() * 3);
         label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         infoLayout->addWidget(label);
     }
+    infoLayout->addWidget(m_measuredText);
+    m_measuredText->hide();
 
     auto* acceptButton = new QPushButton(QStringLiteral("Accept Diet"), this);
     auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
@@ -149,6 +155,11 @@ void DietPlannerDialog::onCalculate()
     case PlanOutcome::Planned:
         m_planText->setText(fromUtf8(r.planText));
         m_difficultyText->setText(fromUtf8(r.difficultyText));
+        if (m_measuredNeed) {
+            const int change = in->endWeight < in->startWeight ? -r.dailyChange : r.dailyChange;
+            m_measuredText->setText(fromUtf8(planAgainstMeasuredText(*m_measuredNeed, change)));
+            m_measuredText->show();
+        }
         return;
     }
 }

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include <optional>
+
 #include "analysis/logic/DietPlanner.h"
 
 class QDateEdit;
@@ -23,6 +25,10 @@ public:
     // goals: the working copy of the Diet Goals dialog; its plan fills the controls.
     DietPlannerDialog(DietGoals& goals, QWidget* parent = nullptr);
 
+    // The energy need measured from the journal (kcal a day): a calculated plan then also says
+    // how much that leaves to eat each day.
+    void setMeasuredNeed(double kcal) { m_measuredNeed = kcal; }
+
 private:
     // The four values of the controls; nothing when a weight box does not hold a number (the
     // message is shown and the box takes the focus).
@@ -37,6 +43,8 @@ private:
     QLineEdit* m_endWeight = nullptr;
     QLabel* m_planText = nullptr;
     QLabel* m_difficultyText = nullptr;
+    QLabel* m_measuredText = nullptr;
+    std::optional<double> m_measuredNeed;
 };
 
 } // namespace velmora::analysis

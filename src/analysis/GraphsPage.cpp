@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLineSeries>
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
@@ -24,6 +25,7 @@
 #include "analysis/GraphView.h"
 #include "analysis/QtText.h"
 #include "ui/AppContext.h"
+#include "model/Clock.h"
 #include "model/Store.h"
 #include "model/User.h"
 #include "ui/Messages.h"
@@ -48,7 +50,7 @@ const QColor PlanColour(0, 0, 255);
 
 GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(context, parent)
 {
-    const QDate today = QDate::currentDate();
+    const QDate today = toQDate(model::CalendarDate::fromTime(model::now()));
     m_from = new QDateEdit(today.addDays(-30), this);
     m_from->setObjectName(QStringLiteral("from"));
     m_to = new QDateEdit(today, this);
@@ -85,7 +87,26 @@ GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
     m_legend = new QCheckBox(QStringLiteral("Show Legend"), this);
     modes->addSpacing(12);
     modes->addWidget(m_legend);
+    m_trend = new QCheckBox(QStringLiteral("Trend"), this);
+    m_trend->setToolTip(QStringLiteral("Add the smoothed curve of every health item shown"));
+    modes->addWidget(m_trend);
     modes->addStretch();
+    // The quick ranges set the pickers of the row above.
+    const std::array<std::pair<const char*, const char*>, 5> ranges{
+        {{"7 days", "the last 7 days"},
+         {"30 days", "the last 30 days"},
+         {"90 days", "the last 90 days"},
+         {"Year", "the last year"},
+         {"All", "every day of the journal"}}};
+    for (std::size_t i = 0; i < ranges.size(); ++i) {
+        auto* button = new QPushButton(fromUtf8(ranges[i].first), this);
+        button->setToolTip(QStringLiteral("Graph %1").arg(fromUtf8(ranges[i].second)));
+        button->setMaximumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 24);
+        const auto range = static_cast<QuickRange>(i);
+        connect(button, &QPushButton::clicked, this, [this, range] { onRange(range); });
+        m_ranges[i] = button;
+        modes->addWidget(button);
+    }
 
     m_graph = new GraphView(this);
     m_graph->setObjectName(QStringLiteral("graphView"));
@@ -147,6 +168,7 @@ GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
     connect(m_modes, &QButtonGroup::idClicked, this,
             [this](int id) { chooseMode(static_cast<Mode>(id)); });
     connect(m_legend, &QCheckBox::toggled, m_graph, &GraphView::setLegendShown);
+    connect(m_trend, &QCheckBox::toggled, this, &GraphsPage::onTrend);
     connect(m_nutrient, &QPushButton::clicked, this, &GraphsPage::onNutrient);
     connect(m_health, &QPushButton::clicked, this, &GraphsPage::onHealth);
     connect(m_fitness, &QPushButton::clicked, this, &GraphsPage::onFitness);
@@ -211,6 +233,9 @@ void GraphsPage::updateEnabling()
     m_fitness->setEnabled(advanced && !context().store().shared.exercises.empty());
     m_clear->setEnabled(advanced);
     m_legend->setEnabled(m_mode != Mode::NutrientGoals);
+    m_trend->setEnabled(m_mode != Mode::NutrientGoals);
+    for (QPushButton* range : m_ranges)
+        range->setEnabled(pickers);
 }
 
 void GraphsPage::chooseMode(Mode mode)
@@ -238,7 +263,7 @@ void GraphsPage::chooseMode(Mode mode)
         }
         if (plan.state != DietPlanGraph::State::Shown)
             return; // the invalid-range text stands
-        addCurve(plan.weight);
+        addCurve(plan.weight, true);
         const int index = m_graph->addCurve(plan.plan, PlanColour);
         if (!plan.weight)
             m_graph->yAxis(index)->show(); // no weight scale to share: the plan keeps its own
@@ -250,6 +275,7 @@ void GraphsPage::chooseMode(Mode mode)
 
 void GraphsPage::resetGraph()
 {
+    m_shown.clear();
     const auto base = baseCurve(from(), to());
     m_rangeValid = base.has_value();
     m_graph->reset(base.value_or(Series{}));
@@ -277,7 +303,7 @@ void GraphsPage::showGraphIfDrawn()
         showText(QString());
 }
 
-void GraphsPage::addCurve(const std::optional<Series>& series)
+void GraphsPage::addCurve(const std::optional<Series>& series, bool trendable)
 {
     if (!m_rangeValid)
         return;
@@ -285,8 +311,54 @@ void GraphsPage::addCurve(const std::optional<Series>& series)
         ui::showMessageText(this, fromUtf8(NotEnoughDataText));
         return;
     }
-    m_graph->addCurve(*series, GraphView::curveColour(m_graph->curveCount() - 1));
+    const int n = static_cast<int>(m_shown.size());
+    m_shown.push_back(ShownCurve{*series, GraphView::curveColour(n), trendable});
+    drawCurve(m_shown.back());
     showGraphIfDrawn();
+}
+
+void GraphsPage::drawCurve(const ShownCurve& shown)
+{
+    m_graph->addCurve(shown.series, shown.colour);
+    if (!m_trend->isChecked() || !shown.trendable)
+        return;
+    const std::optional<Series> trend = trendCurve(shown.series);
+    if (!trend)
+        return;
+    // The trend is drawn as a bold line without points in the colour of its item.
+    QLineSeries* line = m_graph->curve(m_graph->addCurve(*trend, shown.colour));
+    QPen pen(shown.colour.darker(130));
+    pen.setWidthF(3.0);
+    line->setPen(pen);
+    line->setPointsVisible(false);
+}
+
+void GraphsPage::redraw()
+{
+    const std::vector<ShownCurve> shown = std::move(m_shown);
+    resetGraph();
+    if (!m_rangeValid)
+        return;
+    m_shown = shown;
+    for (const ShownCurve& curve : m_shown)
+        drawCurve(curve);
+    showGraphIfDrawn();
+}
+
+void GraphsPage::onTrend()
+{
+    if (m_mode == Mode::DietPlan)
+        chooseMode(Mode::DietPlan); // the weight, its trend, then the plan on the same scale
+    else if (m_mode == Mode::Advanced)
+        redraw();
+}
+
+void GraphsPage::onRange(QuickRange range)
+{
+    const DateRange dates = quickRange(range, model::CalendarDate::fromTime(model::now()),
+                                       context().store().journal.days);
+    setDates(dates.from, dates.to);
+    onDatesChanged();
 }
 
 void GraphsPage::rebuildAnalysis(bool askedByUser)
@@ -357,9 +429,10 @@ void GraphsPage::onHealth()
     const auto& days = store.journal.days;
     if (index < HealthItemCount)
         addCurve(healthCurve(days, from(), to(), static_cast<HealthItem>(index),
-                             store.journal.user.isMetric()));
+                             store.journal.user.isMetric()),
+                 true);
     else
-        addCurve(variableCurve(days, from(), to(), variables[index - HealthItemCount]));
+        addCurve(variableCurve(days, from(), to(), variables[index - HealthItemCount]), true);
 }
 
 void GraphsPage::onFitness()
@@ -404,8 +477,7 @@ void GraphsPage::saveAnalysisPdf()
         return;
     QString error;
     if (!writeAnalysisPdf(path, report, &error))
-        ui::showMessageText(this,
-                                QStringLiteral("The PDF could not be written: %1").arg(error));
+        ui::showMessageText(this, QStringLiteral("The PDF could not be written: %1").arg(error));
 }
 
 void GraphsPage::printGraph()

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
 #include <optional>
+
+#include <QColor>
 
 #include "analysis/logic/GraphSeries.h"
 #include "ui/Page.h"
@@ -21,7 +24,9 @@ class GraphView;
 // Page 5: the user's data drawn over a date range, and the nutritional analysis of the range.
 // "Nutrient Goals" shows the analysis table; "Diet Plan and Progress" the recorded weight against
 // the diet plan; "Advanced Graphing" any nutrient, health item, user variable or exercise field,
-// each curve with its own scale. The page only reads the store.
+// each curve with its own scale. "Trend" adds the smoothed curve of every health item shown; the
+// range buttons set From and To to the last week, month, quarter, year or the whole journal. The
+// page only reads the store.
 class GraphsPage : public ui::Page
 {
     Q_OBJECT
@@ -42,6 +47,13 @@ public:
 
     Mode mode() const { return m_mode; }
     GraphView* graph() const { return m_graph; }
+    QCheckBox* trendBox() const { return m_trend; }
+    QPushButton* rangeButton(QuickRange range) const
+    {
+        return m_ranges[static_cast<std::size_t>(range)];
+    }
+    model::CalendarDate from() const;
+    model::CalendarDate to() const;
 
 protected:
     // The page host does not refresh this page with the others: it brings itself up to date
@@ -49,8 +61,14 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    model::CalendarDate from() const;
-    model::CalendarDate to() const;
+    // A curve the user added, kept so that the graph can be drawn again with or without trends.
+    struct ShownCurve
+    {
+        Series series;
+        QColor colour;
+        bool trendable = false; // a health item or user variable of numbers
+    };
+
     void setDates(model::CalendarDate from, model::CalendarDate to);
     void chooseMode(Mode mode);
     void updateEnabling();
@@ -59,7 +77,13 @@ private:
     void showText(const QString& text);
     void showGraphIfDrawn();
     // Adds a curve, or tells that there is no data for it (the curves shown stay).
-    void addCurve(const std::optional<Series>& series);
+    void addCurve(const std::optional<Series>& series, bool trendable = false);
+    // Draws one added curve, and its trend right after it (sharing its scale) when asked for.
+    void drawCurve(const ShownCurve& shown);
+    // Lays the base curve down again and draws every added curve.
+    void redraw();
+    void onTrend();
+    void onRange(QuickRange range);
     void rebuildAnalysis(bool askedByUser);
     void onDatesChanged();
     void onNutrient();
@@ -81,6 +105,9 @@ private:
     QPushButton* m_print = nullptr;
     QButtonGroup* m_modes = nullptr;
     QCheckBox* m_legend = nullptr;
+    QCheckBox* m_trend = nullptr;
+    std::array<QPushButton*, 5> m_ranges{};
+    std::vector<ShownCurve> m_shown;
     QStackedWidget* m_stack = nullptr;
     GraphView* m_graph = nullptr;
     QLabel* m_text = nullptr;

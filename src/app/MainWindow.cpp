@@ -117,7 +117,13 @@ void MainWindow::createActions()
     connect(login, &QAction::triggered, this, &MainWindow::userLogin);
     connect(options, &QAction::triggered, this, &MainWindow::options);
     connect(goals, &QAction::triggered, this, [this] { openDietGoals(*this); });
-    connect(finder, &QAction::triggered, this, [this] { openFoodFinder(*this); });
+    connect(finder, &QAction::triggered, this, [this] {
+        const std::int32_t food = openFoodFinder(*this);
+        if (food < 0)
+            return;
+        showPage(ui::PageId::Food);
+        showFoodOnPage(m_host->page(ui::PageId::Food), food);
+    });
 
     QToolBar* bar = addToolBar(QStringLiteral("Tools"));
     bar->setObjectName(QStringLiteral("toolBar"));

@@ -41,10 +41,17 @@ ui::Page* createPage(ui::PageId id, ui::AppContext& context, QWidget* parent)
     return nullptr;
 }
 
-void openFoodFinder(ui::AppContext& context)
+std::int32_t openFoodFinder(ui::AppContext& context)
 {
     food::FoodFinderDialog dialog(context, context.mainWindow());
     dialog.exec();
+    return dialog.chosenFood();
+}
+
+void showFoodOnPage(ui::Page* foodPage, std::int32_t food)
+{
+    if (auto* page = qobject_cast<food::FoodPage*>(foodPage))
+        page->showFood(food);
 }
 
 void openDietGoals(ui::AppContext& context)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "ui/PageId.h"
 
 class QWidget;
@@ -17,7 +19,10 @@ namespace velmora::app {
 ui::Page* createPage(ui::PageId id, ui::AppContext& context, QWidget* parent);
 
 // Tool-bar dialogs of other subsystems.
-void openFoodFinder(ui::AppContext& context);
+// The food finder; returns the food the user chose to put on the food page, or -1.
+std::int32_t openFoodFinder(ui::AppContext& context);
+// Shows a food on the food page (created and shown by the caller), selected for "&Add >>".
+void showFoodOnPage(ui::Page* foodPage, std::int32_t food);
 void openDietGoals(ui::AppContext& context);
 // The handheld sync dialog; tandry chooses the diet handheld, otherwise the workout one.
 void openHandheldSync(ui::AppContext& context, bool tandry);

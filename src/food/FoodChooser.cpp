@@ -11,12 +11,18 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QResizeEvent>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 #include "ui/AppContext.h"
 #include "controls/AmountSpinBox.h"
 #include "ui/QtText.h"
+#include "food/SuggestionList.h"
 #include "food/logic/MealEditing.h"
+#include "food/logic/MeasureChoices.h"
+#include "model/Clock.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
 
@@ -50,6 +56,10 @@ FoodChooser::FoodChooser(ui::AppContext& context, QWidget* parent)
 
     m_amount = new controls::AmountSpinBox(AmountFloor, AmountMaximum, AmountStep, this);
     m_amount->setObjectName(QStringLiteral("amountBox"));
+    // Wide enough for grams and ounces up to 1000 from the start, so that the row keeps still.
+    m_amount->setMaximum(WeightAmountMaximum);
+    m_amount->setMinimumWidth(m_amount->sizeHint().width());
+    m_amount->setMaximum(AmountMaximum);
     m_amount->setValue(AmountDefault);
     m_amount->setToolTip(tr("How many of the chosen measure (steps of 0.25)"));
     auto* times = new QLabel(QStringLiteral("x"), this);
@@ -88,6 +98,9 @@ FoodChooser::FoodChooser(ui::AppContext& context, QWidget* parent)
     layout->addLayout(amountRow);
     layout->addWidget(m_hint);
 
+    // Made last, so that it lies above the group and food lists it covers.
+    m_suggestions = new SuggestionList(m_searchBox, this);
+
     setTabOrder(m_searchBox, m_searchButton);
     setTabOrder(m_searchButton, m_groups);
     setTabOrder(m_groups, m_foods);
@@ -99,6 +112,10 @@ FoodChooser::FoodChooser(ui::AppContext& context, QWidget* parent)
             [this](int id) { setMode(static_cast<FoodListMode>(id)); });
     connect(m_searchButton, &QPushButton::clicked, this, [this] { search(); });
     connect(m_searchBox, &QLineEdit::returnPressed, this, [this] { search(); });
+    // Only what the user types asks for suggestions; a name put in the box by a choice does not.
+    connect(m_searchBox, &QLineEdit::textEdited, this, &FoodChooser::suggest);
+    connect(m_suggestions, &SuggestionList::chosen, this, &FoodChooser::chooseSuggestion);
+    connect(m_groups, &QComboBox::currentIndexChanged, m_suggestions, &QWidget::hide);
     // A mouse click makes the row current before it selects it, the arrow keys do both at once:
     // both signals are followed, and the food is taken up once it is both current and selected.
     connect(m_foods, &QListWidget::currentRowChanged, this, &FoodChooser::onFoodChanged);
@@ -171,6 +188,7 @@ void FoodChooser::fillForMode(bool reportNoMatches)
 void FoodChooser::setMode(FoodListMode mode)
 {
     m_mode = mode;
+    m_suggestions->hide();
     modeButton(mode)->setChecked(true);
     if (mode != FoodListMode::All)
         m_searchBox->clear();
@@ -178,33 +196,58 @@ void FoodChooser::setMode(FoodListMode mode)
     applyEnabling();
 }
 
-void FoodChooser::search(bool announce)
+int FoodChooser::chosenGroup() const
 {
+    return m_groups->currentData().isValid() ? m_groups->currentData().toInt() : AllGroupsValue;
+}
+
+void FoodChooser::search(bool announce, std::int32_t lead)
+{
+    m_suggestions->hide();
     const model::Store& store = m_context.store();
-    const int group =
-        m_groups->currentData().isValid() ? m_groups->currentData().toInt() : AllGroupsValue;
-    fillList(
-        searchFoods(store.foods, store.shared.customFoods, ui::fromQt(m_searchBox->text()), group));
+    const std::string text = ui::fromQt(m_searchBox->text());
+    const int group = chosenGroup();
+    std::vector<std::int32_t> listed =
+        searchFoods(store.foods, store.shared.customFoods, text, group);
+    if (const auto it = std::find(listed.begin(), listed.end(), lead); it != listed.end())
+        std::rotate(listed.begin(), it, it + 1);
+    fillList(listed, moreSearchResults(wordSearch(), text, group, listed));
     if (m_foods->count() > 0)
         m_foods->setCurrentRow(0);
     else if (announce)
         ui::showMessage(this, ui::MsgNoMatches);
 }
 
-void FoodChooser::fillList(const std::vector<std::int32_t>& numbers)
+void FoodChooser::fillList(const std::vector<std::int32_t>& numbers,
+                           const std::vector<std::int32_t>& more)
 {
     const model::Store& store = m_context.store();
     m_foods->setUpdatesEnabled(false);
     m_foods->blockSignals(true);
     m_foods->clear();
-    for (std::int32_t number : numbers) {
+    const auto add = [&](std::int32_t number) {
         const model::FoodItem* food = store.findFood(number);
         if (!food)
-            continue;
+            return;
         auto* item = new QListWidgetItem(ui::toQt(food->name));
         item->setData(Qt::UserRole, number);
         m_foods->addItem(item);
+    };
+    for (std::int32_t number : numbers)
+        add(number);
+    if (m_foods->count() > 0 && !more.empty()) {
+        // A row that can be neither chosen nor reached with the keys marks where the names that
+        // hold every word, not the text as typed, begin.
+        auto* marker = new QListWidgetItem(tr("More foods holding every word:"));
+        marker->setFlags(Qt::NoItemFlags);
+        marker->setData(Qt::UserRole, -1);
+        QFont font = m_foods->font();
+        font.setItalic(true);
+        marker->setFont(font);
+        m_foods->addItem(marker);
     }
+    for (std::int32_t number : more)
+        add(number);
     m_foods->blockSignals(false);
     m_foods->setUpdatesEnabled(true);
     m_shownFood = -1;
@@ -248,25 +291,36 @@ void FoodChooser::onFoodChanged()
     m_shownFood = number;
     m_measures->blockSignals(true);
     m_measures->clear();
-    m_measureFactor = 1.0;
+    m_choices.clear();
     if (food) {
-        for (std::size_t i = 0; i < food->measures.size(); ++i)
-            m_measures->addItem(ui::toQt(food->measures[i].description), static_cast<int>(i) + 1);
-        if (!food->measures.empty()) {
+        m_choices = measureChoices(*food, m_context.store().journal.user.isMetric());
+        for (std::size_t i = 0; i < m_choices.size(); ++i)
+            m_measures->addItem(ui::toQt(m_choices[i].description), static_cast<int>(i) + 1);
+        if (!m_choices.empty())
             m_measures->setCurrentIndex(0);
-            m_measureFactor = measureFactor(*food, 0);
-        }
     }
     m_measures->blockSignals(false);
+    applyMeasure();
     applyEnabling();
     emit highlightChanged();
 }
 
-void FoodChooser::onMeasureChanged(int index)
+void FoodChooser::onMeasureChanged(int)
 {
-    const model::FoodItem* food = selectedFood();
-    m_measureFactor = food ? measureFactor(*food, index) : 1.0;
+    applyMeasure();
     emit highlightChanged();
+}
+
+void FoodChooser::applyMeasure()
+{
+    const int index = m_measures->currentIndex();
+    const MeasureChoice* choice = index >= 0 && static_cast<std::size_t>(index) < m_choices.size()
+                                      ? &m_choices[static_cast<std::size_t>(index)]
+                                      : nullptr;
+    m_measureFactor = choice ? choice->grams * 0.01 : 1.0;
+    // Grams and ounces go up to 1000, the food's own measures to the box's usual maximum; a
+    // larger number already in the box comes down to the new maximum.
+    m_amount->setMaximum(choice ? choice->maximum : AmountMaximum);
 }
 
 void FoodChooser::applyEnabling()
@@ -278,7 +332,7 @@ void FoodChooser::applyEnabling()
     m_groups->setEnabled(all);
     m_add->setEnabled(food != nullptr);
     m_amount->setEnabled(food != nullptr);
-    m_measures->setEnabled(food != nullptr && !food->measures.empty());
+    m_measures->setEnabled(food != nullptr && !m_choices.empty());
     if (!food) {
         m_amount->blockSignals(true);
         m_amount->setValue(AmountDefault);
@@ -287,12 +341,101 @@ void FoodChooser::applyEnabling()
     }
 }
 
+WordSearchContext FoodChooser::wordSearch()
+{
+    const model::Store& store = m_context.store();
+    const std::vector<model::FoodItem>& foods = store.foods.foods();
+    if (foods.data() != m_indexedFoods || foods.size() != m_indexedCount) {
+        m_wordIndex = FoodWordIndex(foods);
+        m_indexedFoods = foods.data();
+        m_indexedCount = foods.size();
+    }
+    if (!m_history)
+        m_history = eatingHistory(store.journal.days);
+    const long today = model::CalendarDate::fromTime(model::now()).dayNumber();
+    return {m_wordIndex, store.shared.customFoods, *m_history, today};
+}
+
+void FoodChooser::suggest(const QString& text)
+{
+    std::vector<std::pair<QString, std::int32_t>> rows;
+    if (m_mode == FoodListMode::All) {
+        const model::Store& store = m_context.store();
+        for (std::int32_t number : suggestFoods(wordSearch(), ui::fromQt(text), chosenGroup()))
+            if (const model::FoodItem* food = store.findFood(number))
+                rows.emplace_back(ui::toQt(food->name), number);
+    }
+    m_suggestions->showRows(rows);
+}
+
+void FoodChooser::chooseSuggestion(std::int32_t number)
+{
+    const model::FoodItem* food = m_context.store().findFood(number);
+    m_suggestions->hide();
+    if (!food)
+        return;
+    m_searchBox->setText(ui::toQt(food->name));
+    search(true, number);
+}
+
+void FoodChooser::showFood(std::int32_t number)
+{
+    const model::FoodItem* food = m_context.store().findFood(number);
+    if (!food)
+        return;
+    if (m_mode != FoodListMode::All) {
+        m_mode = FoodListMode::All;
+        m_all->setChecked(true);
+        applyEnabling();
+    }
+    const int group = chosenGroup();
+    if (!food->isCustom() && group != AllGroupsValue && group != food->group)
+        m_groups->setCurrentIndex(std::max(0, m_groups->findData(AllGroupsValue)));
+    chooseSuggestion(number);
+}
+
+bool FoodChooser::suggestionKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Down:
+        m_suggestions->step(1);
+        return true;
+    case Qt::Key_Up:
+        m_suggestions->step(-1);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // Without a suggestion chosen, Enter searches as it always does.
+        if (m_suggestions->currentFood() < 0)
+            return false;
+        chooseSuggestion(m_suggestions->currentFood());
+        return true;
+    case Qt::Key_Escape:
+        m_suggestions->hide();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void FoodChooser::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (m_suggestions->isVisible())
+        m_suggestions->place();
+}
+
 bool FoodChooser::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == m_searchBox && event->type() == QEvent::FocusOut)
+        m_suggestions->hide();
     // Up, Down and the page keys in the search box move in the food list, so that a food is found
-    // and chosen without leaving the keyboard's home position.
+    // and chosen without leaving the keyboard's home position; while suggestions are shown, Up,
+    // Down, Enter and Escape act on them.
     if (watched == m_searchBox && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
+        if (m_suggestions->isVisible() && suggestionKey(key))
+            return true;
         if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
             key == Qt::Key_PageDown) {
             if (m_foods->count() > 0 && !m_foods->currentItem())

@@ -7,7 +7,11 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QHelpEvent>
 #include <QRadioButton>
+#include <QSettings>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -17,6 +21,7 @@
 #include "food/logic/FinderRanking.h"
 #include "model/FoodDatabase.h"
 #include "model/Store.h"
+#include "ui/SettingsKeys.h"
 
 namespace velmora::food {
 
@@ -24,6 +29,31 @@ namespace {
 constexpr int NameWidth = 320;
 constexpr int ValueWidth = 112;
 constexpr int RowHeight = 16;
+
+// Draws as usual; a name cut short by its column shows whole in a tool tip.
+class WholeNameTipDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const QString text = index.data(Qt::DisplayRole).toString();
+        QStyleOptionViewItem opt = option;
+        initStyleOption(&opt, index);
+        if (sizeHint(opt, index).width() > option.rect.width()) {
+            QToolTip::showText(event->globalPos(), text, view->viewport(), option.rect);
+        } else {
+            QToolTip::hideText();
+            event->ignore();
+        }
+        return true;
+    }
+};
+
 } // namespace
 
 FoodFinderDialog::FoodFinderDialog(ui::AppContext& context, QWidget* parent)
@@ -75,8 +105,13 @@ FoodFinderDialog::FoodFinderDialog(ui::AppContext& context, QWidget* parent)
     m_results->setColumnCount(0);
     m_results->setHeaderHidden(true);
     m_results->setStyleSheet(QStringLiteral("QTreeView::item { height: %1px; }").arg(RowHeight));
+    m_results->setItemDelegate(new WholeNameTipDelegate(m_results));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    m_toFoodPage = buttons->addButton(tr("Show on Food &Page"), QDialogButtonBox::ActionRole);
+    m_toFoodPage->setToolTip(tr("Close the finder with this food chosen on the food page, ready "
+                                "to add"));
+    m_toFoodPage->setEnabled(false);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(sortBox);
     layout->addWidget(m_results, 1);
@@ -86,6 +121,48 @@ FoodFinderDialog::FoodFinderDialog(ui::AppContext& context, QWidget* parent)
     connect(m_find, &QPushButton::clicked, this, &FoodFinderDialog::find);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_results, &QTreeWidget::itemDoubleClicked, this, &FoodFinderDialog::openDetails);
+    connect(m_results, &QTreeWidget::itemSelectionChanged, this,
+            [this] { m_toFoodPage->setEnabled(!m_results->selectedItems().isEmpty()); });
+    connect(m_toFoodPage, &QPushButton::clicked, this, [this] {
+        const QList<QTreeWidgetItem*> selected = m_results->selectedItems();
+        if (selected.isEmpty())
+            return;
+        m_chosen = selected.front()->data(0, Qt::UserRole).toInt();
+        accept();
+    });
+    restoreChoices();
+}
+
+void FoodFinderDialog::restoreChoices()
+{
+    const QSettings settings;
+    const auto restore = [&](QComboBox* list, QRadioButton* high, QRadioButton* low,
+                             const QString& nutrientKey, const QString& lowKey) {
+        const int index = list->findData(settings.value(nutrientKey, -1).toInt());
+        if (index >= 0)
+            list->setCurrentIndex(index);
+        if (settings.contains(lowKey))
+            (settings.value(lowKey).toBool() ? low : high)->setChecked(true);
+    };
+    restore(m_first, m_high1, m_low1, ui::settings::FinderNutrient1, ui::settings::FinderLow1);
+    restore(m_second, m_high2, m_low2, ui::settings::FinderNutrient2, ui::settings::FinderLow2);
+}
+
+void FoodFinderDialog::rememberChoices() const
+{
+    QSettings settings;
+    if (m_first->currentIndex() >= 0)
+        settings.setValue(ui::settings::FinderNutrient1, m_first->currentData().toInt());
+    if (m_second->currentIndex() >= 0)
+        settings.setValue(ui::settings::FinderNutrient2, m_second->currentData().toInt());
+    settings.setValue(ui::settings::FinderLow1, m_low1->isChecked());
+    settings.setValue(ui::settings::FinderLow2, m_low2->isChecked());
+}
+
+void FoodFinderDialog::done(int result)
+{
+    rememberChoices();
+    QDialog::done(result);
 }
 
 void FoodFinderDialog::find()
@@ -122,6 +199,7 @@ void FoodFinderDialog::find()
     }
     m_results->addTopLevelItems(items);
     m_results->setUpdatesEnabled(true);
+    rememberChoices();
 }
 
 void FoodFinderDialog::openDetails()

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include <cstdint>
+
 class QComboBox;
 class QPushButton;
 class QRadioButton;
@@ -13,7 +15,9 @@ class AppContext;
 
 namespace velmora::food {
 
-// "Food Finder": ranks every database food by two nutrients, each wanted high or low.
+// "Food Finder": ranks every database food by two nutrients, each wanted high or low. It keeps the
+// last nutrients and directions for the next time; a double-click on a result shows its details,
+// and "Show on Food Page" closes it with that food chosen for the food page.
 class FoodFinderDialog : public QDialog
 {
     Q_OBJECT
@@ -29,9 +33,17 @@ public:
     QRadioButton* lowButton(int which) const { return which == 0 ? m_low1 : m_low2; }
     QPushButton* findButton() const { return m_find; }
     QTreeWidget* resultList() const { return m_results; }
+    QPushButton* foodPageButton() const { return m_toFoodPage; }
+
+    // The food chosen with "Show on Food Page", or -1.
+    std::int32_t chosenFood() const { return m_chosen; }
+
+    void done(int result) override;
 
 private:
     void openDetails();
+    void restoreChoices();
+    void rememberChoices() const;
 
     ui::AppContext& m_context;
     QComboBox* m_first = nullptr;
@@ -42,6 +54,8 @@ private:
     QRadioButton* m_low2 = nullptr;
     QPushButton* m_find = nullptr;
     QTreeWidget* m_results = nullptr;
+    QPushButton* m_toFoodPage = nullptr;
+    std::int32_t m_chosen = -1;
 };
 
 } // namespace velmora::food

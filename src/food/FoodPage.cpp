@@ -18,6 +18,7 @@
 #include "food/CustomFoodsDialog.h"
 #include "food/FoodChooser.h"
 #include "food/FoodDetailsDialog.h"
+#include "controls/AmountSpinBox.h"
 #include "food/MacroPanel.h"
 #include "ui/QtText.h"
 #include "food/SaveMealDialog.h"
@@ -62,6 +63,8 @@ FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context,
     m_defineFoods = new QPushButton(tr("&Define foods..."), this);
     m_copyMeal = new QPushButton(tr("Cop&y meal from..."), this);
     m_copyMeal->setToolTip(tr("Add the foods of a meal of another day to this meal"));
+    m_copyDay = new QPushButton(tr("C&opy day from..."), this);
+    m_copyDay->setToolTip(tr("Add every meal of another day to the meals of this day"));
     m_display = new QPushButton(tr("D&isplay..."), this);
 
     m_panel = new MacroPanel(this);
@@ -75,6 +78,7 @@ FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context,
     auto* mealButtons = new QHBoxLayout;
     mealButtons->addWidget(m_remove);
     mealButtons->addWidget(m_copyMeal);
+    mealButtons->addWidget(m_copyDay);
     mealButtons->addStretch();
     auto* customButtons = new QHBoxLayout;
     customButtons->addWidget(m_saveCustom);
@@ -132,6 +136,7 @@ FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context,
     connect(m_saveCustom, &QPushButton::clicked, this, &FoodPage::openSaveAsCustomFood);
     connect(m_defineFoods, &QPushButton::clicked, this, &FoodPage::openCustomFoods);
     connect(m_copyMeal, &QPushButton::clicked, this, &FoodPage::openCopyMeal);
+    connect(m_copyDay, &QPushButton::clicked, this, &FoodPage::openCopyDay);
     connect(m_display, &QPushButton::clicked, this, &FoodPage::openDisplaySettings);
 
     // Ctrl+Enter adds from anywhere on the page (Alt+A is the button's own mnemonic).
@@ -225,6 +230,9 @@ void FoodPage::storePage()
 
 void FoodPage::rebuildMeal()
 {
+    // Every change of the journal this page makes or meets passes here: what the suggestions rank
+    // by may have changed with it.
+    m_chooser->forgetHistory();
     const model::Meal* meal = currentMeal();
     m_mealList->blockSignals(true);
     m_mealList->clear();
@@ -336,6 +344,12 @@ void FoodPage::addSelectedFood()
     rebuildMeal();
 }
 
+void FoodPage::showFood(std::int32_t number)
+{
+    m_chooser->showFood(number);
+    m_chooser->amountBox()->setFocus();
+}
+
 void FoodPage::removeSelectedEntry()
 {
     const QListWidgetItem* item = m_mealList->currentItem();
@@ -371,6 +385,15 @@ int FoodPage::copyMealFrom(const model::CalendarDate& date, int kind)
                                       mealTimeOn(currentDate(), t.hour(), t.minute()));
     const int copied = copyMealEntries(from, meal);
     context().notifyChanged(ui::Change::Journal);
+    rebuildMeal();
+    return copied;
+}
+
+int FoodPage::copyDayFrom(const model::CalendarDate& date)
+{
+    const int copied = model::copyDayMeals(context().store().journal, date, currentDate());
+    if (copied > 0)
+        context().notifyChanged(ui::Change::Journal);
     rebuildMeal();
     return copied;
 }
@@ -430,6 +453,18 @@ void FoodPage::openCopyMeal()
     CopyMealDialog dialog(context(), from, currentMealKind(), this);
     if (dialog.exec() == QDialog::Accepted)
         copyMealFrom(dialog.sourceDate(), dialog.sourceKind());
+}
+
+void FoodPage::openCopyDay()
+{
+    const model::Store& store = context().store();
+    const model::JournalDay* latest = latestDayWithFoods(store.journal.days, currentDate());
+    const model::CalendarDate from = latest ? model::CalendarDate::fromTime(latest->date)
+                                            : fromQDate(m_date->date().addDays(-1));
+    CopyMealDialog dialog(context(), from, currentMealKind(), this, true);
+    dialog.setTargetDate(currentDate());
+    if (dialog.exec() == QDialog::Accepted)
+        copyDayFrom(dialog.sourceDate());
 }
 
 } // namespace velmora::food

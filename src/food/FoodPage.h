@@ -47,10 +47,14 @@ public:
 
     // Adds the chosen amount of the selected food to the current meal (what "&Add >>" does).
     void addSelectedFood();
+    // Shows a food chosen elsewhere (the food finder) in the food list, selected and ready to add.
+    void showFood(std::int32_t number);
     // Removes the selected meal-list entry after the delete confirmation.
     void removeSelectedEntry();
     // Adds the foods of the meal of kind on date to the current meal; returns the entries copied.
     int copyMealFrom(const model::CalendarDate& date, int kind);
+    // Adds every meal of date to the current date; returns the entries copied.
+    int copyDayFrom(const model::CalendarDate& date);
 
     FoodChooser* chooser() const { return m_chooser; }
     MacroPanel* macroPanel() const { return m_panel; }
@@ -61,6 +65,7 @@ public:
     QPushButton* removeButton() const { return m_remove; }
     QPushButton* saveCustomButton() const { return m_saveCustom; }
     QPushButton* copyMealButton() const { return m_copyMeal; }
+    QPushButton* copyDayButton() const { return m_copyDay; }
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -83,6 +88,7 @@ private:
     void openCustomFoods();
     void openSaveAsCustomFood();
     void openCopyMeal();
+    void openCopyDay();
 
     FoodChooser* m_chooser = nullptr;
     MacroPanel* m_panel = nullptr;
@@ -94,6 +100,7 @@ private:
     QPushButton* m_saveCustom = nullptr;
     QPushButton* m_defineFoods = nullptr;
     QPushButton* m_copyMeal = nullptr;
+    QPushButton* m_copyDay = nullptr;
     QPushButton* m_display = nullptr;
     Highlight m_highlight = Highlight::None;
     bool m_refreshed = false;

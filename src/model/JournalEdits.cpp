@@ -50,6 +50,26 @@ void addToMeal(Meal& meal, std::int32_t food, float amount)
     meal.entries.push_back({food, amount});
 }
 
+int copyDayMeals(UserJournal& journal, const CalendarDate& from, const CalendarDate& to)
+{
+    const JournalDay* source = findDay(journal, from);
+    if (!source || from == to)
+        return 0;
+    // A copy first: creating the target day may move the source day in memory.
+    const std::vector<Meal> meals = source->meals;
+    int copied = 0;
+    for (const Meal& meal : meals) {
+        if (meal.entries.empty())
+            continue;
+        const TimeT timeOfDay = meal.time - CalendarDate::fromTime(meal.time).toTime();
+        Meal& target = mealForAdding(journal, to, meal.kind, to.toTime() + timeOfDay);
+        for (const FoodEntry& e : meal.entries)
+            addToMeal(target, e.food, e.amount);
+        copied += static_cast<int>(meal.entries.size());
+    }
+    return copied;
+}
+
 bool setMealTime(UserJournal& journal, const CalendarDate& date, int kind, TimeT time)
 {
     JournalDay* day = findDay(journal, date);

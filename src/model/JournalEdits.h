@@ -25,6 +25,14 @@ Meal& mealForAdding(UserJournal& journal, const CalendarDate& date, int kind, Ti
 // food's entry when the meal holds one, otherwise appended as a new entry.
 void addToMeal(Meal& meal, std::int32_t food, float amount);
 
+// Adds every meal of the day on `from` to the day on `to`, meal by meal as adding a food does: the
+// entries of a meal of a kind `to` already holds are summed into that meal (into the entry of the
+// same food where it has one), a meal of a kind it lacks is appended at the source meal's local
+// time of day on `to`; the day of `to` is created when missing. Meals without entries are skipped.
+// Returns the number of entries copied; 0, changing nothing, when `from` has no day or no entries
+// or is the same date as `to`.
+int copyDayMeals(UserJournal& journal, const CalendarDate& from, const CalendarDate& to);
+
 // Removes entry `entry` of meal `meal` of day `day` (positions in the lists). False when there is
 // no such entry.
 bool removeEntry(UserJournal& journal, std::size_t day, std::size_t meal, std::size_t entry);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/logic/DayRange.h"
 #include "analysis/logic/GraphSeries.h"
 #include "model/Store.h"
 #include "support/Builders.h"
@@ -264,4 +265,72 @@ TEST(GraphSeries, DietPlanGraphNeedsAPlanAndAValidRange)
     user.planEnd = user.planStart + 3600;
     EXPECT_EQ(analysis::dietPlanGraph(user, data.store.journal.days).state,
               analysis::DietPlanGraph::State::InvalidRange);
+}
+
+// The trend of a constructed series: values worked by hand, a gap of days weighing as many days.
+TEST(GraphSeries, TrendSmoothsOverTheDaysBetweenPoints)
+{
+    const CalendarDate d1{2026, 3, 1};
+    Series weight;
+    weight.label = "Weight";
+    const auto day = [&](int n) { return at(analysis::dateOfDayNumber(d1.dayNumber() + n)); };
+    weight.points = {{day(0), 180.0}, {day(1), 170.0}, {day(3), 170.0}, {day(3), 190.0}};
+    const std::optional<Series> trend = analysis::trendCurve(weight);
+    ASSERT_TRUE(trend);
+    EXPECT_EQ(trend->label, "Weight trend");
+    EXPECT_FALSE(trend->ownAxisShown); // on the weight's scale
+    EXPECT_EQ(datesOf(trend), datesOf(weight));
+    // 180; 180 + 0.1 (170 - 180) = 179; two days: 179 + 0.19 (170 - 179) = 177.29; the same
+    // day again moves nothing.
+    const std::vector<double> values = valuesOf(trend);
+    ASSERT_EQ(values.size(), 4u);
+    const double expected[] = {180.0, 179.0, 177.29, 177.29};
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_NEAR(values[i], expected[i], 1e-9) << i;
+
+    // A steady line is followed with the smoothing's delay, settling at 9 days' change behind.
+    Series line;
+    for (int n = 0; n < 200; ++n)
+        line.points.push_back({day(n), 100.0 + 0.5 * n});
+    EXPECT_NEAR(line.points.back().value - analysis::trendCurve(line)->points.back().value, 4.5,
+                1e-6);
+
+    Series times;
+    times.axis = analysis::AxisKind::Time;
+    times.points = weight.points;
+    EXPECT_FALSE(analysis::trendCurve(times));
+    EXPECT_FALSE(analysis::trendCurve(Series{}));
+}
+
+TEST(GraphSeries, QuickRangesEndToday)
+{
+    const CalendarDate today{2028, 2, 29};
+    std::vector<model::JournalDay> days(2);
+    days[0].date = at({2025, 6, 3}, 12);
+    days[1].date = at({2026, 1, 1});
+    std::vector<model::JournalDay> ahead(1);
+    ahead[0].date = at({2028, 3, 4});
+    using analysis::QuickRange;
+    struct Case
+    {
+        QuickRange range;
+        const std::vector<model::JournalDay>& days;
+        CalendarDate from;
+        CalendarDate to;
+    };
+    const std::vector<model::JournalDay> none;
+    const Case cases[] = {
+        {QuickRange::Week, days, {2028, 2, 22}, today},
+        {QuickRange::Month, days, {2028, 1, 30}, today},
+        {QuickRange::Quarter, days, {2027, 12, 1}, today},
+        {QuickRange::Year, days, {2027, 2, 28}, today},
+        {QuickRange::All, days, {2025, 6, 3}, today},
+        {QuickRange::All, none, {2028, 1, 30}, today},
+        {QuickRange::Week, ahead, {2028, 2, 22}, {2028, 3, 4}}, // a day ahead of today shows
+    };
+    for (const Case& c : cases) {
+        const analysis::DateRange r = analysis::quickRange(c.range, today, c.days);
+        EXPECT_EQ(r.from, c.from) << static_cast<int>(c.range);
+        EXPECT_EQ(r.to, c.to) << static_cast<int>(c.range);
+    }
 }

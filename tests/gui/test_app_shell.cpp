@@ -4,9 +4,12 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QToolBar>
 #include <QToolButton>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include "app/Application.h"
@@ -15,6 +18,9 @@
 #include "app/OptionsDialog.h"
 #include "ui/Page.h"
 #include "app/PageHost.h"
+#include "food/FoodChooser.h"
+#include "food/FoodFinderDialog.h"
+#include "food/FoodPage.h"
 #include "ui/Messages.h"
 #include "update/TipDialog.h"
 #include "test_app_support.h"
@@ -106,6 +112,38 @@ private slots:
                  (QStringList{QStringLiteral("&Check for Updates..."),
                               QStringLiteral("&Online User Manual"), QStringLiteral("Show &Tips"),
                               QStringLiteral("&About Velmora...")}));
+    }
+
+    void theFoodFinderPutsAFoodOnTheFoodPage()
+    {
+        app::MainWindow& window = *m_app->window();
+        window.showPage(ui::PageId::Graphs);
+        QString chosen;
+        ModalScript script;
+        script.expect(QStringLiteral("Food Finder"), [&](QWidget* w) {
+            auto* finder = static_cast<food::FoodFinderDialog*>(w);
+            QTest::mouseClick(finder->findButton(), Qt::LeftButton);
+            QTreeWidget* results = finder->resultList();
+            QTreeWidgetItem* third = results->topLevelItem(2);
+            chosen = third->text(0);
+            QTest::mouseClick(results->viewport(), Qt::LeftButton, Qt::NoModifier,
+                              results->visualItemRect(third).center());
+            QTest::mouseClick(finder->foodPageButton(), Qt::LeftButton);
+        });
+        auto* finderAction = window.findChild<QAction*>(QStringLiteral("foodFinder"));
+        auto* bar = window.findChild<QToolBar*>(QStringLiteral("toolBar"));
+        QTest::mouseClick(bar->widgetForAction(finderAction), Qt::LeftButton);
+        QVERIFY(script.finished());
+
+        // The food page is shown with that food chosen, ready to add.
+        QCOMPARE(window.pageHost()->current(), ui::PageId::Food);
+        QCOMPARE(checkedPages(*window.leftForm()), QList<int>{0});
+        auto* page = qobject_cast<food::FoodPage*>(window.pageHost()->page(ui::PageId::Food));
+        QVERIFY(page);
+        const model::FoodItem* food = page->chooser()->selectedFood();
+        QVERIFY(food);
+        QCOMPARE(QString::fromLatin1(food->name), chosen);
+        QVERIFY(page->chooser()->addButton()->isEnabled());
     }
 
     void optionsOkStoresTheChosenDays()

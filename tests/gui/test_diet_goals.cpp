@@ -14,6 +14,8 @@
 #include <QtTest>
 
 #include "analysis/DietGoalsDialog.h"
+#include "analysis/logic/DayRange.h"
+#include "model/Clock.h"
 #include "model/DateText.h"
 #include "model/Store.h"
 #include "model/User.h"
@@ -74,6 +76,7 @@ private slots:
     void plannerTextsAndAcceptedPlan_data();
     void plannerTextsAndAcceptedPlan();
     void bodyGoalsStoreTheTypedNumbers();
+    void measuredNeedFromTheJournal();
 
 private:
     QTemporaryDir m_settings;
@@ -383,6 +386,73 @@ void DietGoalsTest::bodyGoalsStoreTheTypedNumbers()
     QCOMPARE(user.bodyGoals[0], 15.5f);
     QCOMPARE(user.bodyGoals[9], 16.0f);
     QCOMPARE(user.bodyGoals[2], before[2]);
+}
+
+void DietGoalsTest::measuredNeedFromTheJournal()
+{
+    // Four weeks of 2000 kcal a day while losing 400 kcal's worth of weight a day: 2400 kcal a day
+    // keep the weight. The first nine days only are logged at first.
+    const model::CalendarDate today{2026, 5, 31};
+    const model::FixedClock clock(today.toTime() + 12 * 3600);
+    model::Store& store = m_context->m_store;
+    store.foods.addFood(
+        test::FoodBuilder(test::standardCatalogue(), 1001, "Food").value(208, 100.0f));
+    const auto journalOf = [&](int days) {
+        store.journal.days.clear();
+        for (int ago = days - 1; ago >= 0; --ago) {
+            const model::TimeT date = analysis::dateOfDayNumber(today.dayNumber() - ago).toTime();
+            model::JournalDay day = test::dayWithMeal(date, 0, {{1001, 20.0f}});
+            if (ago % 3 == 0)
+                day.health.weight = static_cast<float>(176.0 + ago * 400.0 / 3500.0);
+            store.journal.days.push_back(day);
+        }
+    };
+    const auto label = [](QWidget* dialog) {
+        return dialog->findChild<QLabel*>(QStringLiteral("measuredEnergy"))->text();
+    };
+
+    journalOf(9);
+    {
+        analysis::DietGoalsDialog thin(*m_context);
+        QVERIFY(label(&thin).contains(QStringLiteral("Too few days with meals: 9")));
+        QVERIFY(!thin.useMeasuredButton()->isEnabled());
+    }
+
+    journalOf(28);
+    analysis::DietGoalsDialog dialog(*m_context);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QVERIFY(label(&dialog).contains(QStringLiteral("<b>2400 kcal</b> a day")));
+    QVERIFY(label(&dialog).contains(
+        QStringLiteral("from 28 logged days and 10 weigh-ins over 4 weeks")));
+    QTest::mouseClick(dialog.useMeasuredButton(), Qt::LeftButton);
+    QStringList cells;
+    for (int row = 0; row < 6; ++row)
+        cells << valueCell(&dialog, row);
+    // Energy and what follows from it; the shares are not the measure's business.
+    QCOMPARE(cells,
+             (QStringList{QStringLiteral("2400.0"), QStringLiteral("60.0"), QStringLiteral("80.0"),
+                          QStringLiteral("360.0"), QStringLiteral("33.6"), QString()}));
+
+    // The planner tells what its daily change leaves to eat against the measured need.
+    for (QRadioButton* r : dialog.findChildren<QRadioButton*>())
+        if (r->text() == QStringLiteral("I wish to change my weight"))
+            QTest::mouseClick(r, Qt::LeftButton);
+    QString measuredText;
+    test::onNextModal([&](QWidget* planner) {
+        planner->findChild<QDateEdit*>(QStringLiteral("startDate"))->setDate(QDate(2026, 6, 1));
+        planner->findChild<QDateEdit*>(QStringLiteral("endDate"))->setDate(QDate(2026, 8, 10));
+        typeInto(planner->findChild<QLineEdit*>(QStringLiteral("startWeight")),
+                 QStringLiteral("176"));
+        typeInto(planner->findChild<QLineEdit*>(QStringLiteral("endWeight")),
+                 QStringLiteral("166"));
+        clickButton(planner, QStringLiteral("Calculate Diet"));
+        measuredText = planner->findChild<QLabel*>(QStringLiteral("measuredText"))->text();
+        clickButton(planner, QStringLiteral("Cancel"));
+    });
+    clickButton(&dialog, QStringLiteral("Set Program..."));
+    QCOMPARE(measuredText, QStringLiteral("Against the 2400 kcal a day measured from your journal, "
+                                          "this means eating about 1900 kcal a day."));
 }
 
 QTEST_MAIN(DietGoalsTest)

@@ -11,8 +11,10 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -29,6 +31,7 @@
 #include "food/FoodPage.h"
 #include "food/MacroPanel.h"
 #include "food/logic/MealEditing.h"
+#include "food/logic/MeasureChoices.h"
 #include "model/Store.h"
 #include "test_app_support.h"
 #include "ui/Messages.h"
@@ -115,7 +118,9 @@ private slots:
     void noMatchesSaysSo();
     void browsingCreatesNothing();
     void copyMealFromEarlierDay();
+    void copyDayFromEarlierDay();
     void finderRanksAndOpensDetails();
+    void finderRemembersAndShowsOnFoodPage();
     void detailsOfAHighProteinFood();
 
 private:
@@ -165,7 +170,7 @@ void FoodPageTest::searchChooseAddRemove()
     QCOMPARE(foods->item(0)->text(), QStringLiteral("Egg sandwich")); // custom foods first
     QCOMPARE(foods->currentRow(), 0);
     foods->setCurrentRow(1);
-    QCOMPARE(chooser()->measureList()->count(), 2);
+    QCOMPARE(chooser()->measureList()->count(), 4); // large, cup, then ounces and grams
     QCOMPARE(chooser()->measureList()->currentText(), QStringLiteral("large"));
     QVERIFY(chooser()->addButton()->isEnabled());
 
@@ -303,7 +308,7 @@ void FoodPageTest::mouseOnly()
         const model::FoodItem* food = chooser()->selectedFood();
         QVERIFY2(food, qPrintable(QStringLiteral("row %1").arg(row)));
         QCOMPARE(food->number, foods->item(row)->data(Qt::UserRole).toInt());
-        QCOMPARE(chooser()->measureList()->count(), int(food->measures.size()));
+        QCOMPARE(chooser()->measureList()->count(), int(food::measureChoices(*food, false).size()));
         QVERIFY(chooser()->addButton()->isEnabled());
         QVERIFY(chooser()->amountBox()->isEnabled());
     }
@@ -372,11 +377,11 @@ void FoodPageTest::staleMealIsReloadedWhenShown()
 
 void FoodPageTest::amountBoxRules()
 {
-    chooser()->searchBox()->setText(QStringLiteral("oil"));
+    chooser()->searchBox()->setText(QStringLiteral("apple"));
     chooser()->search();
     controls::AmountSpinBox* amount = chooser()->amountBox();
     QVERIFY(amount->isEnabled());
-    QVERIFY(!chooser()->measureList()->isEnabled()); // a food without measures
+    QCOMPARE(chooser()->measureList()->currentText(), QStringLiteral("medium"));
 
     amount->setValue(0.5);
     amount->stepDown();
@@ -401,8 +406,8 @@ void FoodPageTest::amountBoxRules()
     QVERIFY(!chooser()->amountHint()->isVisible());
     QTest::keyClick(amount, Qt::Key_Tab);
     QCOMPARE(amount->value(), 1.5);
-    // Without a measure the factor is 1: 1.5 units of 100 g.
-    QCOMPARE(chooser()->amountToAdd(), 1.5);
+    // One and a half medium apples of 182 g: 2.73 units of 100 g.
+    QCOMPARE(chooser()->amountToAdd(), 1.5 * 1.82);
 
     // With no food selected the amount shows 1.0 again.
     chooser()->foodList()->clearSelection();
@@ -516,9 +521,55 @@ void FoodPageTest::copyMealFromEarlierDay()
     QCOMPARE(store.journal.days.size(), std::size_t(3));
 }
 
+void FoodPageTest::copyDayFromEarlierDay()
+{
+    model::Store& store = m_context->m_store;
+    model::JournalDay monday =
+        test::dayWithMeal(model::CalendarDate{2026, 3, 9}.toTime(), 0, {{1123, 1.0f}});
+    monday.meals.push_back(test::dayWithMeal(monday.date, 3, {{9003, 1.82f}}).meals[0]);
+    monday.meals.back().time = monday.date + 19 * 3600;
+    store.journal.days.push_back(monday);
+    food::addToMeal(food::mealForAdding(store.journal, {2026, 3, 14}, 0, 0), 1123, 0.5f);
+    m_page->setCurrentMealKind(3);
+    m_page->refreshPage();
+    QCOMPARE(m_page->mealList()->count(), 0);
+
+    test::ModalScript script;
+    script.expect(QStringLiteral("Copy Day From"), [](QWidget* w) {
+        auto* dialog = static_cast<food::CopyMealDialog*>(w);
+        QCOMPARE(dialog->sourceDate(), (model::CalendarDate{2026, 3, 9}));
+        QCOMPARE(dialog->preview()->item(0)->text(), QStringLiteral("Breakfast"));
+        QCOMPARE(dialog->preview()->item(2)->text(), QStringLiteral("Dinner"));
+        QCOMPARE(dialog->preview()->count(), 4);
+        QVERIFY(!dialog->mealChoice()->isVisible());
+        QPushButton* ok = dialog->buttons()->button(QDialogButtonBox::Ok);
+        dialog->dateEdit()->setFocus();
+        QTest::keyClick(dialog->dateEdit(), Qt::Key_Up); // a date without meals
+        QVERIFY(!ok->isEnabled());
+        // The page's own date would copy the day onto itself: refused.
+        dialog->dateEdit()->setDate(QDate(2026, 3, 14));
+        QVERIFY(!ok->isEnabled());
+        dialog->dateEdit()->setDate(QDate(2026, 3, 9));
+        QTest::mouseClick(ok, Qt::LeftButton);
+    });
+    QTest::mouseClick(m_page->copyDayButton(), Qt::LeftButton);
+    QVERIFY(script.finished());
+
+    // Breakfast summed into today's, dinner made at its own time; the page shows the dinner.
+    const model::JournalDay& today = *model::findDay(store.journal, {2026, 3, 14});
+    QCOMPARE(today.findMeal(0)->entries.size(), std::size_t(1));
+    QCOMPARE(today.findMeal(0)->entries[0].amount, 1.5f);
+    QCOMPARE(today.findMeal(3)->time, food::mealTimeOn({2026, 3, 14}, 19, 0));
+    QCOMPARE(m_page->mealList()->count(), 1);
+    QCOMPARE(m_page->timeEdit()->time(), QTime(19, 0));
+    QVERIFY(m_context->modified > 0);
+}
+
 void FoodPageTest::finderRanksAndOpensDetails()
 {
     food::FoodFinderDialog finder(*m_context);
+    finder.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&finder));
     QCOMPARE(finder.windowTitle(), QStringLiteral("Food Finder"));
     QCOMPARE(finder.resultList()->topLevelItemCount(), 0); // empty before the first Find
     QCOMPARE(finder.nutrientList(0)->currentIndex(), 0);
@@ -545,9 +596,78 @@ void FoodPageTest::finderRanksAndOpensDetails()
                  QStringLiteral("Egg, whole, raw, fresh"));
         static_cast<QDialog*>(w)->accept();
     });
-    results->setCurrentItem(results->topLevelItem(0));
-    emit results->itemDoubleClicked(results->topLevelItem(0), 0);
+    const QRect egg = results->visualItemRect(results->topLevelItem(0));
+    // A double-click, as the mouse gives it: a click, then the second press.
+    QTest::mouseClick(results->viewport(), Qt::LeftButton, Qt::NoModifier, egg.center());
+    QTest::mouseDClick(results->viewport(), Qt::LeftButton, Qt::NoModifier, egg.center());
     QVERIFY(script.finished());
+}
+
+void FoodPageTest::finderRemembersAndShowsOnFoodPage()
+{
+    QSettings().clear();
+    const char* longName = "Cereals ready-to-eat, a name far too long for the finder's name "
+                           "column of three hundred and twenty pixels";
+    m_context->m_store.foods.addFood(
+        FoodBuilder(catalogue(), 8001, longName).group(800).value(203, 9.0f).value(204, 1.0f));
+    m_page->hide(); // the mouse rests over the finder alone
+    {
+        food::FoodFinderDialog finder(*m_context);
+        finder.show();
+        finder.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&finder)); // tool tips show in the active window
+        finder.nutrientList(0)->setFocus();
+        QTest::keyClicks(finder.nutrientList(0), QStringLiteral("Total"));
+        finder.nutrientList(1)->setFocus();
+        QTest::keyClicks(finder.nutrientList(1), QStringLiteral("Protein"));
+        QTest::mouseClick(finder.lowButton(0), Qt::LeftButton);
+        QTest::mouseClick(finder.highButton(1), Qt::LeftButton);
+        QTest::mouseClick(finder.findButton(), Qt::LeftButton);
+        QTreeWidget* results = finder.resultList();
+        QCOMPARE(results->headerItem()->text(1), QStringLiteral("Total lipid (fat)"));
+        QVERIFY(!finder.foodPageButton()->isEnabled()); // no food chosen yet
+
+        // A name cut by its column shows whole when the mouse rests on it; a short one shows none.
+        QTreeWidgetItem* cut =
+            results->findItems(QString::fromLatin1(longName), Qt::MatchExactly)[0];
+        QTest::mouseMove(results->viewport(), results->visualItemRect(cut).center());
+        QTRY_VERIFY(QToolTip::isVisible());
+        QCOMPARE(QToolTip::text(), QString::fromLatin1(longName));
+        QTreeWidgetItem* apple =
+            results->findItems(QStringLiteral("Apples, raw, with skin"), Qt::MatchExactly)[0];
+        QTest::mouseMove(results->viewport(), results->visualItemRect(apple).center());
+        QTRY_VERIFY(!QToolTip::isVisible());
+
+        // The apple, low in fat and high in protein, goes to the food page.
+        test::clickItem(results, apple);
+        QVERIFY(finder.foodPageButton()->isEnabled());
+        QTest::mouseClick(finder.foodPageButton(), Qt::LeftButton);
+        QCOMPARE(finder.result(), int(QDialog::Accepted));
+        QCOMPARE(finder.chosenFood(), 9003);
+    }
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+    // The next finder starts with the nutrients and directions used last.
+    food::FoodFinderDialog again(*m_context);
+    QCOMPARE(again.nutrientList(0)->currentText(), QStringLiteral("Total lipid (fat)"));
+    QCOMPARE(again.nutrientList(1)->currentText(), QStringLiteral("Protein"));
+    QVERIFY(again.lowButton(0)->isChecked());
+    QVERIFY(again.highButton(1)->isChecked());
+    QSettings().clear();
+
+    // On the food page, in the Custom Foods list and a group that does not hold it: the page
+    // turns to All Foods and all groups, with the apple first, selected and ready to add.
+    chooser()->modeButton(food::FoodListMode::Custom)->click();
+    chooser()->groupList()->setCurrentIndex(chooser()->groupList()->findData(100));
+    m_page->showFood(9003);
+    QVERIFY(chooser()->modeButton(food::FoodListMode::All)->isChecked());
+    QCOMPARE(chooser()->groupList()->currentText(), QStringLiteral(" <All Groups>"));
+    QCOMPARE(chooser()->searchBox()->text(), QStringLiteral("Apples, raw, with skin"));
+    QCOMPARE(chooser()->foodList()->currentRow(), 0);
+    QCOMPARE(chooser()->selectedFood()->number, 9003);
+    QVERIFY(chooser()->addButton()->isEnabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(m_page->mealList()->count(), 1);
 }
 
 void FoodPageTest::detailsOfAHighProteinFood()

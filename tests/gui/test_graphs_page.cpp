@@ -23,6 +23,7 @@
 #include "analysis/GraphsPage.h"
 #include "analysis/logic/GraphSeries.h"
 #include "analysis/logic/NutritionAnalysis.h"
+#include "model/Clock.h"
 #include "model/Store.h"
 #include "model/User.h"
 #include "support/Builders.h"
@@ -89,6 +90,7 @@ private slots:
     void noDataKeepsTheCurvesShown();
     void dietPlanSharesTheWeightScale();
     void analysisTableOfTheRange();
+    void trendAndQuickRanges();
 
 private:
     void setRange(int fromDay, int toDay);
@@ -301,6 +303,57 @@ void GraphsPageTest::analysisTableOfTheRange()
     QCOMPARE(shown, QString::fromUtf8(analysis::GoalsNotSetText));
     QCOMPARE(table->topLevelItemCount(), 0);
     QVERIFY(message->isVisible());
+}
+
+void GraphsPageTest::trendAndQuickRanges()
+{
+    const model::FixedClock clock(timeOf(10) + 12 * 3600);
+    clickRadio(m_page.get(), QStringLiteral("Advanced Graphing"));
+    setRange(1, 10);
+    chooseFromMenu(button(QStringLiteral("Health")), QStringLiteral("Weight"));
+    chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Energy"));
+    analysis::GraphView* graph = m_page->graph();
+    QCOMPARE(graph->curveCount(), 3);
+
+    // Trend adds the smoothed weight right after the weight, on its scale; energy gets none.
+    QTest::mouseClick(m_page->trendBox(), Qt::LeftButton);
+    QCOMPARE(graph->curveCount(), 4);
+    QCOMPARE(graph->curve(1)->name(), QStringLiteral("Weight"));
+    QLineSeries* trend = graph->curve(2);
+    QCOMPARE(trend->name(), QStringLiteral("Weight trend"));
+    QCOMPARE(graph->yAxis(2), graph->yAxis(1));
+    QCOMPARE(graph->curve(3)->name(), QStringLiteral("Energy"));
+    QCOMPARE(trend->count(), 3);
+    QCOMPARE(trend->at(0).y(), 180.0);
+    QVERIFY(std::abs(trend->at(1).y() - (180.0 - 0.271 * 1.5)) < 1e-4); // three days later
+    QTest::mouseClick(m_page->trendBox(), Qt::LeftButton);
+    QCOMPARE(graph->curveCount(), 3);
+    QCOMPARE(graph->curve(2)->name(), QStringLiteral("Energy"));
+
+    // The range buttons set From and To, ending today; the curves of the old range go.
+    QTest::mouseClick(m_page->rangeButton(analysis::QuickRange::Week), Qt::LeftButton);
+    QCOMPARE(m_page->from(), (model::CalendarDate{2026, 3, 3}));
+    QCOMPARE(m_page->to(), (model::CalendarDate{2026, 3, 10}));
+    QCOMPARE(graph->curveCount(), 1);
+    QTest::mouseClick(m_page->rangeButton(analysis::QuickRange::All), Qt::LeftButton);
+    QCOMPARE(m_page->from(), (model::CalendarDate{2026, 3, 2}));
+    QCOMPARE(m_page->findChild<QDateEdit*>(QStringLiteral("from"))->date(), date(2));
+
+    // The diet plan's weight gets its trend too, and the plan keeps the weight's scale; the plan
+    // fixes the dates, so the range buttons rest.
+    model::User& user = m_context->m_store.journal.user;
+    user.changeWeight = 1;
+    user.planStart = timeOf(1);
+    user.planEnd = timeOf(31);
+    user.planStartWeight = 181.0f;
+    user.planEndWeight = 171.0f;
+    QTest::mouseClick(m_page->trendBox(), Qt::LeftButton);
+    clickRadio(m_page.get(), QStringLiteral("Diet Plan and Progress"));
+    QCOMPARE(graph->curveCount(), 4);
+    QCOMPARE(graph->curve(2)->name(), QStringLiteral("Weight trend"));
+    QCOMPARE(graph->curve(3)->name(), QStringLiteral("Plan"));
+    QCOMPARE(graph->yAxis(3), graph->yAxis(1));
+    QVERIFY(!m_page->rangeButton(analysis::QuickRange::Year)->isEnabled());
 }
 
 QTEST_MAIN(GraphsPageTest)

@@ -229,6 +229,13 @@ TEST(MealCopy, DefaultSourceIsTheLatestEarlierDayWithThatMeal)
     EXPECT_EQ(food::defaultCopySource(days, today, 2)->date, at(13));
     EXPECT_EQ(food::defaultCopySource(days, today, 3), nullptr);
     EXPECT_EQ(food::defaultCopySource(days, {2026, 3, 10}, 0), nullptr); // nothing earlier
+
+    // A whole day: the latest earlier day with any food; a day of empty meals does not count.
+    days.push_back(test::dayWithMeal(at(14), 1, {}));
+    days.back().date = model::CalendarDate{2026, 3, 13}.toTime() + 3600;
+    EXPECT_EQ(food::latestDayWithFoods(days, today)->date, at(13));
+    EXPECT_EQ(food::latestDayWithFoods(days, {2026, 3, 13})->date, at(12));
+    EXPECT_EQ(food::latestDayWithFoods(days, {2026, 3, 10}), nullptr);
 }
 
 TEST(MealCopy, ANewMealStartsAtItsLastTimeOrAtAUsualTimeForItsKind)

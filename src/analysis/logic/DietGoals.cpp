@@ -111,6 +111,36 @@ std::vector<float> goalValuesFromCells(const std::vector<std::string>& cells)
     return values;
 }
 
+namespace {
+
+// The cell of a goal that follows from the energy need, when id is one: energy itself (plus the
+// plan's daily change when changing weight) and the shares of protein, fat, carbohydrate and fibre.
+bool energyGoalCell(const DietGoals& goals, model::NutrientId id, double energy, std::string& cell)
+{
+    namespace n = model::nutrient;
+    switch (id) {
+    case n::Energy:
+        cell = goalText(energy + (goals.changeWeight ? goals.dailyChange : 0.0f));
+        return true;
+    case n::Protein:
+        cell = goalText(energy * 0.1 * 0.25); // 10 % of the energy at 4 kcal/g
+        return true;
+    case n::Fat:
+        cell = goalText(energy * 0.3 * (1.0 / 9.0)); // 30 % at 9 kcal/g
+        return true;
+    case n::Carbohydrate:
+        cell = goalText(energy * 0.6 * 0.25); // 60 % at 4 kcal/g
+        return true;
+    case n::Fibre:
+        cell = goalText(energy * 0.001 * 14.0); // 14 g per 1000 kcal
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
 std::vector<std::string> estimateGoalCells(const DietGoals& goals, const model::FoodDatabase& foods,
                                            std::vector<std::string> cells)
 {
@@ -121,22 +151,9 @@ std::vector<std::string> estimateGoalCells(const DietGoals& goals, const model::
     const double energy = energyNeed(p);
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const model::NutrientId id = goals.goalNutrients[i];
+        if (energyGoalCell(goals, id, energy, cells[i]))
+            continue;
         switch (id) {
-        case n::Energy:
-            cells[i] = goalText(energy + (goals.changeWeight ? goals.dailyChange : 0.0f));
-            break;
-        case n::Protein:
-            cells[i] = goalText(energy * 0.1 * 0.25); // 10 % of the energy at 4 kcal/g
-            break;
-        case n::Fat:
-            cells[i] = goalText(energy * 0.3 * (1.0 / 9.0)); // 30 % at 9 kcal/g
-            break;
-        case n::Carbohydrate:
-            cells[i] = goalText(energy * 0.6 * 0.25); // 60 % at 4 kcal/g
-            break;
-        case n::Fibre:
-            cells[i] = goalText(energy * 0.001 * 14.0); // 14 g per 1000 kcal
-            break;
         case n::PercentFat:
             cells[i] = model::formatText("%d", 30);
             break;
@@ -166,6 +183,15 @@ std::vector<std::string> estimateGoalCells(const DietGoals& goals, const model::
         }
         }
     }
+    return cells;
+}
+
+std::vector<std::string> energyGoalCells(const DietGoals& goals, double energy,
+                                         std::vector<std::string> cells)
+{
+    cells.resize(goals.goalNutrients.size());
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        energyGoalCell(goals, goals.goalNutrients[i], energy, cells[i]);
     return cells;
 }
 

@@ -85,4 +85,10 @@ std::vector<float> goalValuesFromCells(const std::vector<std::string>& cells);
 std::vector<std::string> estimateGoalCells(const DietGoals& goals, const model::FoodDatabase& foods,
                                            std::vector<std::string> cells);
 
+// The measured energy need taken as the goal: the cells of energy and of the goals the estimate
+// derives from energy (protein, fat, carbohydrate, fibre), filled as the estimate fills them but
+// from `energy` (kcal a day) instead of the formula's need; every other cell keeps what it holds.
+std::vector<std::string> energyGoalCells(const DietGoals& goals, double energy,
+                                         std::vector<std::string> cells);
+
 } // namespace velmora::analysis

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 #include "analysis/logic/DayRange.h"
 #include "analysis/logic/NumberText.h"
@@ -287,6 +288,64 @@ DietPlanGraph dietPlanGraph(const model::User& user, const std::vector<model::Jo
     g.plan.points = {SeriesPoint{user.planStart, user.planStartWeight},
                      SeriesPoint{user.planEnd, user.planEndWeight}};
     return g;
+}
+
+std::optional<Series> trendCurve(const Series& curve)
+{
+    if (curve.points.empty() || curve.axis != AxisKind::Number)
+        return std::nullopt;
+    Series trend;
+    trend.label = curve.label + " trend";
+    trend.ownAxisShown = false;
+    double smoothed = curve.points.front().value;
+    long previous = dayNumberOf(curve.points.front().date);
+    for (const SeriesPoint& p : curve.points) {
+        const long day = dayNumberOf(p.date);
+        const double gap = static_cast<double>(std::max(0L, day - previous));
+        smoothed += (1.0 - std::pow(1.0 - TrendSmoothing, gap)) * (p.value - smoothed);
+        previous = day;
+        trend.points.push_back(SeriesPoint{p.date, smoothed});
+    }
+    return trend;
+}
+
+DateRange quickRange(QuickRange range, model::CalendarDate today,
+                     const std::vector<model::JournalDay>& days)
+{
+    long first = today.dayNumber();
+    long last = today.dayNumber();
+    for (const model::JournalDay& d : days) {
+        const long n = dayNumberOf(d.date);
+        first = std::min(first, n);
+        last = std::max(last, n);
+    }
+    const long end = last;
+    long start = today.dayNumber();
+    switch (range) {
+    case QuickRange::Week:
+        start -= 7;
+        break;
+    case QuickRange::Month:
+        start -= 30;
+        break;
+    case QuickRange::Quarter:
+        start -= 90;
+        break;
+    case QuickRange::Year: {
+        model::CalendarDate before = today;
+        before.year -= 1;
+        if (before.month == 2 && before.day == 29)
+            before.day = 28;
+        start = before.dayNumber();
+        break;
+    }
+    case QuickRange::All:
+        start = days.empty() ? start - 30 : first;
+        break;
+    }
+    if (start >= end)
+        start = end - 1;
+    return {dateOfDayNumber(start), dateOfDayNumber(end)};
 }
 
 } // namespace velmora::analysis

@@ -143,4 +143,34 @@ struct DietPlanGraph
 };
 DietPlanGraph dietPlanGraph(const model::User& user, const std::vector<model::JournalDay>& days);
 
+// The share of each day's value in the smoothed trend (the same smoothing as the measured energy
+// need's weight).
+inline constexpr double TrendSmoothing = 0.1;
+
+// The "Trend" of a curve: an exponential moving average of its values over the days, starting at
+// the first point and moving a share of 1 - (1 - TrendSmoothing)^gap towards each later point, gap
+// being the days since the point before. Labelled "<label> trend", on the same days, sharing the
+// curve's scale. Nothing for a curve without points or of times.
+std::optional<Series> trendCurve(const Series& curve);
+
+// The quick ranges of the graphs page's range buttons.
+enum class QuickRange
+{
+    Week,    // the last 7 days
+    Month,   // the last 30 days
+    Quarter, // the last 90 days
+    Year,    // the last year, to the same date
+    All,     // from the first journal day
+};
+struct DateRange
+{
+    model::CalendarDate from;
+    model::CalendarDate to;
+};
+// From and To of a quick range ending today: the span of days before today (Year: the same date a
+// year before; All: the first journal day, or the last 30 days when the journal has none). To is
+// today, or the last journal day when that is later, and always after From.
+DateRange quickRange(QuickRange range, model::CalendarDate today,
+                     const std::vector<model::JournalDay>& days);
+
 } // namespace velmora::analysis

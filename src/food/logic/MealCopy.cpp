@@ -26,6 +26,26 @@ const model::JournalDay* defaultCopySource(const std::vector<model::JournalDay>&
     return best;
 }
 
+const model::JournalDay* latestDayWithFoods(const std::vector<model::JournalDay>& days,
+                                            const model::CalendarDate& date)
+{
+    const model::JournalDay* best = nullptr;
+    model::CalendarDate bestDate;
+    for (const model::JournalDay& d : days) {
+        const model::CalendarDate when = model::CalendarDate::fromTime(d.date);
+        if (!(when < date) || (best && !(bestDate < when)))
+            continue;
+        for (const model::Meal& meal : d.meals) {
+            if (!meal.entries.empty()) {
+                best = &d;
+                bestDate = when;
+                break;
+            }
+        }
+    }
+    return best;
+}
+
 int defaultMealMinutes(const std::vector<model::JournalDay>& days, const model::CalendarDate& date,
                        int kind)
 {
