@@ -202,6 +202,11 @@ void DoRoutineDialog::storeGrid()
 {
     if (!m_shownSet || *m_shownSet >= m_workout.exercises.size())
         return;
+    // A value still in its editor counts too (a shortcut can end the dialog without moving the
+    // focus out of the cell, which is what commits it otherwise).
+    if (QWidget* editor = m_table->indexWidget(m_table->currentIndex()))
+        QMetaObject::invokeMethod(m_table, "commitData", Qt::DirectConnection,
+                                  Q_ARG(QWidget*, editor));
     for (int r = 0; r < m_table->rowCount() && r < static_cast<int>(m_grid.size()); ++r)
         m_grid[static_cast<std::size_t>(r)].value = m_table->item(r, 1)->text().toStdString();
     fitness::storeGrid(m_workout.exercises[*m_shownSet], m_grid);
