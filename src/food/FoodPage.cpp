@@ -4,6 +4,7 @@
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
@@ -45,6 +46,9 @@ model::CalendarDate fromQDate(const QDate& d)
 FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context, parent)
 {
     m_chooser = new FoodChooser(context, this);
+    // The page host gives the shown page the focus: typing then goes to the search box, so a
+    // keyboard user starts with the food's name.
+    setFocusProxy(m_chooser->searchBox());
 
     m_meals = new QComboBox(this);
     m_meals->setObjectName(QStringLiteral("mealChoice"));

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -94,6 +95,22 @@ private slots:
         QCOMPARE(checkedPages(form), QList<int>{5});
         window.showPage(ui::PageId::Food);
         QCOMPARE(checkedPages(form), QList<int>{0});
+    }
+
+    void aKeyboardUserTypesAFoodNameRightAfterCtrl4()
+    {
+        app::MainWindow& window = *m_app->window();
+        window.showPage(ui::PageId::Graphs);
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(&window, Qt::Key_4, Qt::ControlModifier);
+        QCOMPARE(window.pageHost()->current(), ui::PageId::Food);
+        auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        QVERIFY(box != nullptr);
+        QCOMPARE(box->objectName(), QStringLiteral("searchBox"));
+        QTest::keyClicks(box, QStringLiteral("ap"));
+        QCOMPARE(box->text(), QStringLiteral("ap"));
+        box->clear();
     }
 
     void theMenusCarryTheirCommands()
