@@ -18,15 +18,15 @@
 #include <QtTest>
 
 #include "GuiTestSupport.h"
-#include "TransferBytes.h"
+#include "model/KorvelFiles.h"
 #include "model/Store.h"
+#include "model/TandryFiles.h"
 #include "support/DataFolderFixture.h"
 #include "support/Fixtures.h"
+#include "support/TransferBytes.h"
 #include "sync/SyncDialog.h"
 #include "sync/logic/HandheldFolder.h"
-#include "sync/logic/KorvelFiles.h"
 #include "sync/logic/SyncOperation.h"
-#include "sync/logic/TandryFiles.h"
 #include "ui/Messages.h"
 
 using namespace velmora;
@@ -258,8 +258,8 @@ void SyncDialogTest::syncRun()
         // The handheld user's file holds the desktop user's days.
         const std::string user = tandry ? "TandryFiles/Ann.db" : "TandryFiles/Ann.dwb";
         const std::size_t days =
-            tandry ? sync::TandryUser::parse(after.at(user), user).take().days.size()
-                   : sync::KorvelUser::parse(after.at(user), user).take().days.size();
+            tandry ? model::TandryUser::parse(after.at(user), user).take().days.size()
+                   : model::KorvelUser::parse(after.at(user), user).take().days.size();
         QCOMPARE(days, tandry ? expected.tandryExport()->user.days.size()
                               : expected.korvelExport()->user.days.size());
         QVERIFY(days > 0);
