@@ -277,6 +277,10 @@ void SyncDialogTest::syncRun()
         QCOMPARE(after.at("copy/Bert.db"), before.at("Bert.db"));
         QCOMPARE(after.at("copy/velmora.db"), before.at("velmora.db"));
         QVERIFY(context.modified > 0);
+        // The status names the folder the copy went to.
+        const QStringList quoted = context.status.split(QLatin1Char('"'));
+        QVERIFY2(quoted.size() == 3, qPrintable(context.status));
+        QVERIFY(fs::is_regular_file(dir / quoted[1].toStdString() / "Bert.db"));
     } else {
         QCOMPARE(store.journal.serialize(), desktopJournal);
         QCOMPARE(context.modified, 0);

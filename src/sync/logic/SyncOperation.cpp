@@ -223,7 +223,7 @@ std::string SyncOperation::refusalText() const
     case Refusal::Version:
         return handheldVersionText();
     case Refusal::File:
-        return m_fileError.message();
+        return m_fileError.message() + "\nNothing was synchronised.";
     case Refusal::NoUsers:
         return "The handheld has no users to receive the data.";
     case Refusal::Dates: {
