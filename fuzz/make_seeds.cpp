@@ -1,5 +1,5 @@
 // Writes seed inputs for the fuzz targets with the project's own writers:
-//   fuzz_make_seeds OUTDIR  ->  OUTDIR/foods/*, OUTDIR/shared/*, OUTDIR/user/*
+//   fuzz_make_seeds OUTDIR  ->  OUTDIR/<kind>/* for every kind of the file-kinds table
 
 #include <cstdio>
 #include <filesystem>
@@ -10,6 +10,8 @@
 #include "model/Defaults.h"
 #include "model/FileKinds.h"
 #include "model/FoodDatabase.h"
+#include "model/KorvelFiles.h"
+#include "model/TandryFiles.h"
 #include "model/UserDatabase.h"
 
 using namespace velmora::model;
@@ -90,6 +92,97 @@ UserJournal smallJournal()
     return j;
 }
 
+DefinitionLists handheldDefinitions()
+{
+    DefinitionLists d;
+    d.fields = {{1, "Reps", 0}, {2, "Comment", 1}};
+    d.exercises = {{1, "Squat", {1, 2}}};
+    d.routines = {{1, 300, "Legs", {1}}};
+    d.variables = {{1, "Vitamin C", 500.0f, "mg", 1262304000, 0, 1, 1}};
+    return d;
+}
+
+// A handheld day's values and workouts, every record kind filled.
+HealthEntry handheldValues()
+{
+    HealthEntry h;
+    h.wakeTime = 1262329200;
+    h.weight = 70.5f;
+    h.pulse = 61.0f;
+    h.mood = 3;
+    h.measurements[4] = 80.0f;
+    h.variables = {{1, 500.0f, "mg", 1262332800}};
+    return h;
+}
+
+std::vector<WorkoutEntry> handheldWorkouts()
+{
+    WorkoutEntry w;
+    w.routine = 1;
+    w.calories = 300;
+    w.time = 1262350800;
+    w.notes = "easy";
+    w.exercises = {{1, 0, 1262350800, {{1, "10"}, {2, "slow"}}}};
+    return {w};
+}
+
+// A user file with its profile's record version (the first four bytes) replaced.
+std::vector<std::uint8_t> withVersion(std::vector<std::uint8_t> bytes, std::uint32_t version)
+{
+    for (int i = 0; i < 4; ++i)
+        bytes[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(version >> (8 * i));
+    return bytes;
+}
+
+void putHandheldSeeds(const fs::path& out)
+{
+    TandryShared tandry;
+    tandry.header = "Tandry";
+    tandry.counters = {70002, 2, 3, 2, 2, 0};
+    tandry.userNames = {"Ann", "Bob"};
+    TandryFood food;
+    food.id = 70001;
+    food.name = "Porridge";
+    food.words = {2500, 1500, 50, 30, 1, 2, 3, 40, 5, 270};
+    food.floats = {12.0f, 3.0f, 0.0f, 7.0f};
+    food.measures = {{2500, "bowl"}};
+    tandry.foods = {food};
+    tandry.definitions = handheldDefinitions();
+    put(out / "tandry" / "sample.db", tandry.serialize());
+
+    TandryUser tandryUser;
+    tandryUser.profile.goals[0] = 2000.0;
+    tandryUser.profile.entries = {1, 2, 3};
+    tandryUser.profile.dates = {1262304000, 1293840000};
+    TandryDay tandryDay;
+    tandryDay.date = 1262307600;
+    tandryDay.values = handheldValues();
+    tandryDay.meals = {{1262329200, 0, {{70001, 1.5f}, {1123, 0.5f}}}};
+    tandryDay.workouts = handheldWorkouts();
+    tandryDay.note = "good day";
+    tandryUser.days = {tandryDay};
+    put(out / "tandry-user" / "sample.db", tandryUser.serialize());
+    // A profile of version 339 lacks its last setting (and days of such a file their
+    // measurements): the empty file without its last setting.
+    std::vector<std::uint8_t> old = TandryUser{}.serialize();
+    old.erase(old.end() - 8, old.end() - 4);
+    put(out / "tandry-user" / "version-339.db", withVersion(old, 339));
+
+    KorvelShared korvel;
+    korvel.header = "Korvel";
+    korvel.userNames = {"Ann"};
+    korvel.fillDefaultDefinitions();
+    put(out / "korvel" / "defaults.dwb", korvel.serialize());
+    KorvelShared small;
+    small.definitions = handheldDefinitions();
+    put(out / "korvel" / "sample.dwb", small.serialize());
+
+    KorvelUser korvelUser;
+    korvelUser.days = {{1262307600, handheldValues(), handheldWorkouts(), "legs"}};
+    put(out / "korvel-user" / "sample.dwb", korvelUser.serialize());
+    put(out / "korvel-user" / "version-300.dwb", withVersion(KorvelUser{}.serialize(), 300));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -118,5 +211,6 @@ int main(int argc, char** argv)
     put(out / "shared" / "example.db", shared.serialize());
 
     put(out / "user" / "small.db", smallJournal().serialize());
+    putHandheldSeeds(out);
     return 0;
 }

@@ -96,7 +96,8 @@ private:
 
 // Runs a parse over a buffer and turns an ArchiveError into a FileError naming the file.
 template <class T, class Parse>
-Result<T> parseArchive(std::span<const std::uint8_t> bytes, const std::string& fileName, Parse&& parse)
+Result<T> parseArchive(std::span<const std::uint8_t> bytes, const std::string& fileName,
+                       Parse&& parse)
 {
     ArchiveReader in(bytes);
     try {
@@ -104,6 +105,23 @@ Result<T> parseArchive(std::span<const std::uint8_t> bytes, const std::string& f
     } catch (const ArchiveError& e) {
         return Result<T>(FileError{e.code(), fileName, e.offset(), e.what()});
     }
+}
+
+// Runs a read over a buffer into value, keeping what the read took over before an ArchiveError
+// stopped it; the error is returned with the file's name.
+template <class T, class Read>
+Salvaged<T> salvageArchive(std::span<const std::uint8_t> bytes, const std::string& fileName,
+                           Read&& read)
+{
+    Salvaged<T> out;
+    ArchiveReader in(bytes);
+    try {
+        read(in, out.value);
+    } catch (const ArchiveError& e) {
+        out.error = FileError{e.code(), fileName, e.offset(), e.what()};
+        out.complete = false;
+    }
+    return out;
 }
 
 } // namespace velmora::model

@@ -4,6 +4,8 @@
 
 #include "model/FoodDatabase.h"
 #include "model/JsonDump.h"
+#include "model/KorvelFiles.h"
+#include "model/TandryFiles.h"
 #include "model/UserDatabase.h"
 
 namespace velmora::model {
@@ -52,6 +54,12 @@ constexpr std::array Kinds = {
     Row<FoodDatabase, foodsJson>::info(FileKind::Foods, "foods", "foods.db"),
     Row<SharedData, sharedJson>::info(FileKind::Shared, "shared", "velmora.db"),
     Row<UserJournal, userJson>::info(FileKind::User, "user", "a user's journal file"),
+    Row<TandryShared, tandryJson>::info(FileKind::Tandry, "tandry", "tandry.db"),
+    Row<TandryUser, tandryUserJson>::info(FileKind::TandryUser, "tandry-user",
+                                          "a Tandry user's file"),
+    Row<KorvelShared, korvelJson>::info(FileKind::Korvel, "korvel", "korvel.dwb"),
+    Row<KorvelUser, korvelUserJson>::info(FileKind::KorvelUser, "korvel-user",
+                                          "a Korvel user's file"),
 };
 
 } // namespace

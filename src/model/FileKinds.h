@@ -12,9 +12,13 @@ namespace velmora::model {
 
 enum class FileKind
 {
-    Foods,  // "foods.db"
-    Shared, // "velmora.db"
-    User    // a user's journal file
+    Foods,      // "foods.db"
+    Shared,     // "velmora.db"
+    User,       // a user's journal file
+    Tandry,     // "tandry.db", the diet handheld's shared transfer file
+    TandryUser, // a diet handheld user's file
+    Korvel,     // the workout handheld's "korvel.dwb"
+    KorvelUser  // a workout handheld user's file
 };
 
 // Everything the program knows how to do with one kind of file, registered once: the console

@@ -90,6 +90,57 @@ void dumpIds(JsonWriter& j, const char* key, const std::vector<std::int32_t>& id
     j.endArray();
 }
 
+// The four definition lists, as the user database and both handheld files store them.
+void dumpDefinitions(JsonWriter& j, const std::vector<ExerciseField>& fields,
+                     const std::vector<Exercise>& exercises, const std::vector<Routine>& routines,
+                     const std::vector<UserVariable>& variables)
+{
+    j.beginArray("exerciseFields");
+    for (const ExerciseField& f : fields) {
+        j.beginObject();
+        j.integer("id", f.id);
+        j.text("name", f.name);
+        j.integer("kind", f.kind);
+        if (f.kind >= 0 && f.kind < FieldKindCount)
+            j.text("kindName", FieldKindNames[static_cast<std::size_t>(f.kind)]);
+        j.endObject();
+    }
+    j.endArray();
+    j.beginArray("exercises");
+    for (const Exercise& e : exercises) {
+        j.beginObject();
+        j.integer("id", e.id);
+        j.text("name", e.name);
+        dumpIds(j, "fieldIds", e.fields);
+        j.endObject();
+    }
+    j.endArray();
+    j.beginArray("routines");
+    for (const Routine& r : routines) {
+        j.beginObject();
+        j.integer("id", r.id);
+        j.integer("calories", r.calories);
+        j.text("name", r.name);
+        dumpIds(j, "exerciseIds", r.exercises);
+        j.endObject();
+    }
+    j.endArray();
+    j.beginArray("userVariables");
+    for (const UserVariable& v : variables) {
+        j.beginObject();
+        j.integer("id", v.id);
+        j.text("name", v.name);
+        j.real("lockedNumber", v.number);
+        j.text("lockedText", v.text);
+        j.time("lockedTime", v.time);
+        j.integer("editNumberEveryTime", v.askNumber);
+        j.integer("editTextEveryTime", v.askText);
+        j.integer("editTimeEveryTime", v.askTime);
+        j.endObject();
+    }
+    j.endArray();
+}
+
 void dumpShared(JsonWriter& j, const SharedData& d)
 {
     j.beginObject();
@@ -113,50 +164,7 @@ void dumpShared(JsonWriter& j, const SharedData& d)
     for (const FoodItem& f : d.customFoods)
         dumpFood(j, f, nullptr, true);
     j.endArray();
-    j.beginArray("exerciseFields");
-    for (const ExerciseField& f : d.fields) {
-        j.beginObject();
-        j.integer("id", f.id);
-        j.text("name", f.name);
-        j.integer("kind", f.kind);
-        if (f.kind >= 0 && f.kind < FieldKindCount)
-            j.text("kindName", FieldKindNames[static_cast<std::size_t>(f.kind)]);
-        j.endObject();
-    }
-    j.endArray();
-    j.beginArray("exercises");
-    for (const Exercise& e : d.exercises) {
-        j.beginObject();
-        j.integer("id", e.id);
-        j.text("name", e.name);
-        dumpIds(j, "fieldIds", e.fields);
-        j.endObject();
-    }
-    j.endArray();
-    j.beginArray("routines");
-    for (const Routine& r : d.routines) {
-        j.beginObject();
-        j.integer("id", r.id);
-        j.integer("calories", r.calories);
-        j.text("name", r.name);
-        dumpIds(j, "exerciseIds", r.exercises);
-        j.endObject();
-    }
-    j.endArray();
-    j.beginArray("userVariables");
-    for (const UserVariable& v : d.variables) {
-        j.beginObject();
-        j.integer("id", v.id);
-        j.text("name", v.name);
-        j.real("lockedNumber", v.number);
-        j.text("lockedText", v.text);
-        j.time("lockedTime", v.time);
-        j.integer("editNumberEveryTime", v.askNumber);
-        j.integer("editTextEveryTime", v.askText);
-        j.integer("editTimeEveryTime", v.askTime);
-        j.endObject();
-    }
-    j.endArray();
+    dumpDefinitions(j, d.fields, d.exercises, d.routines, d.variables);
     j.endObject();
 }
 
@@ -215,12 +223,9 @@ void dumpUser(JsonWriter& j, const User& u)
     j.endObject();
 }
 
-void dumpDay(JsonWriter& j, const JournalDay& d)
+void dumpHealth(JsonWriter& j, const char* key, const HealthEntry& h)
 {
-    j.beginObject();
-    j.time("date", d.date);
-    const HealthEntry& h = d.health;
-    j.beginObject("health");
+    j.beginObject(key);
     j.time("wakeTime", h.wakeTime);
     j.real("height", h.height);
     j.real("weight", h.weight);
@@ -252,8 +257,12 @@ void dumpDay(JsonWriter& j, const JournalDay& d)
     }
     j.endArray();
     j.endObject();
+}
+
+void dumpMeals(JsonWriter& j, const std::vector<Meal>& meals)
+{
     j.beginArray("meals");
-    for (const Meal& m : d.meals) {
+    for (const Meal& m : meals) {
         j.beginObject();
         j.time("time", m.time);
         j.integer("kind", m.kind);
@@ -270,8 +279,12 @@ void dumpDay(JsonWriter& j, const JournalDay& d)
         j.endObject();
     }
     j.endArray();
+}
+
+void dumpWorkouts(JsonWriter& j, const std::vector<WorkoutEntry>& workouts)
+{
     j.beginArray("workouts");
-    for (const WorkoutEntry& w : d.workouts) {
+    for (const WorkoutEntry& w : workouts) {
         j.beginObject();
         j.integer("routineId", w.routine);
         j.integer("calories", w.calories);
@@ -297,10 +310,138 @@ void dumpDay(JsonWriter& j, const JournalDay& d)
         j.endObject();
     }
     j.endArray();
+}
+
+void dumpDay(JsonWriter& j, const JournalDay& d)
+{
+    j.beginObject();
+    j.time("date", d.date);
+    dumpHealth(j, "health", d.health);
+    dumpMeals(j, d.meals);
+    dumpWorkouts(j, d.workouts);
     j.beginObject("notes");
     for (std::size_t i = 0; i < NoteCategoryCount; ++i)
         j.text(NoteCategoryNames[i], d.notes[i]);
     j.endObject();
+    j.endObject();
+}
+
+// The handheld files' records.
+
+template <class T, std::size_t N>
+void dumpArray(JsonWriter& j, const char* key, const std::array<T, N>& a)
+{
+    j.beginArray(key);
+    for (T v : a)
+        j.integer(nullptr, v);
+    j.endArray();
+}
+
+void dumpHandheldUsers(JsonWriter& j, std::uint8_t currentUser,
+                       const std::vector<std::string>& userNames)
+{
+    j.integer("currentUserIndex", currentUser);
+    j.beginArray("userNames");
+    for (const auto& n : userNames)
+        j.text(nullptr, n);
+    j.endArray();
+}
+
+void dumpTandryFood(JsonWriter& j, const TandryFood& f)
+{
+    j.beginObject();
+    j.integer("id", f.id);
+    j.text("name", f.name);
+    // Every value index: what the file stores (tenths; absent for the computed ones) and the value
+    // in its unit.
+    j.beginArray("values");
+    for (int i = 0; i < TandryValueCount; ++i) {
+        j.beginObject();
+        j.integer("index", i);
+        if (const NutrientId n = TandryValueNutrients[static_cast<std::size_t>(i)]; n != 0)
+            j.integer("nutrient", n);
+        if (TandryFood::isStored(i))
+            j.number("stored", f.stored(i));
+        j.real("value", static_cast<float>(f.value(i))); // as the desktop takes it
+        j.endObject();
+    }
+    j.endArray();
+    j.beginArray("measures");
+    for (const TandryMeasure& m : f.measures) {
+        j.beginObject();
+        j.integer("amountInTenthsOfGrams", m.amount);
+        j.text("text", m.text);
+        j.endObject();
+    }
+    j.endArray();
+    j.endObject();
+}
+
+void dumpTandryProfile(JsonWriter& j, const TandryProfile& p)
+{
+    j.beginObject("profile");
+    j.integer("formatVersion", p.version);
+    dumpArray(j, "settings2", p.settings2);
+    j.integer("setting4", p.setting4);
+    dumpArray(j, "settings5", p.settings5);
+    dumpArray(j, "settings8", p.settings8);
+    dumpArray(j, "settings11", p.settings11);
+    dumpArray(j, "settings18", p.settings18);
+    j.integer("setting22", p.setting22);
+    dumpArray(j, "settings23", p.settings23);
+    j.integer("setting25", p.setting25);
+    j.beginArray("goals");
+    for (std::size_t k = 0; k < p.goals.size(); ++k) {
+        j.beginObject();
+        j.integer("nutrient", TandryGoalNutrients[k]);
+        j.number("value", p.goals[k]);
+        j.endObject();
+    }
+    j.endArray();
+    dumpArray(j, "settings27", p.settings27);
+    j.beginArray("dates");
+    for (TimeT t : p.dates)
+        j.time(nullptr, t);
+    j.endArray();
+    j.integer("setting29", p.setting29);
+    j.beginArray("listEntries");
+    for (std::uint32_t e : p.entries)
+        j.integer(nullptr, e);
+    j.endArray();
+    dumpArray(j, "settings31", p.settings31);
+    dumpArray(j, "settings32", p.settings32);
+    j.integer("lastSetting", p.lastSetting);
+    j.endObject();
+}
+
+void dumpKorvelProfile(JsonWriter& j, const KorvelProfile& p)
+{
+    j.beginObject("profile");
+    j.integer("formatVersion", p.version);
+    dumpArray(j, "settings2", p.settings2);
+    j.integer("setting4", p.setting4);
+    dumpArray(j, "settings5", p.settings5);
+    dumpArray(j, "settings8", p.settings8);
+    dumpArray(j, "settings11", p.settings11);
+    dumpArray(j, "settings15", p.settings15);
+    dumpArray(j, "settings18", p.settings18);
+    j.integer("setting20", p.setting20);
+    dumpArray(j, "settings21", p.settings21);
+    j.integer("setting24", p.setting24);
+    j.endObject();
+}
+
+// A handheld day: what a desktop day holds, with the handheld's one note.
+template <class Day>
+void dumpHandheldDay(JsonWriter& j, const Day& d, const std::vector<Meal>* meals)
+{
+    j.beginObject();
+    j.time("date", d.date);
+    dumpHealth(j, "dayValues", d.values);
+    if (meals)
+        dumpMeals(j, *meals);
+    dumpWorkouts(j, d.workouts);
+    j.text("note", d.note);
     j.endObject();
 }
 
@@ -328,6 +469,78 @@ std::string userJson(const UserJournal& journal)
     j.beginArray("days");
     for (const JournalDay& d : journal.days)
         dumpDay(j, d);
+    j.endArray();
+    j.endObject();
+    return j.result();
+}
+
+std::string tandryJson(const TandryShared& data)
+{
+    JsonWriter j;
+    j.beginObject();
+    j.integer("formatVersion", data.version);
+    j.text("header", data.header);
+    // The desktop's six counters, in the same order.
+    j.beginObject("idCounters");
+    j.integer("nextCustomFood", data.counters[0]);
+    j.integer("nextUserVariable", data.counters[1]);
+    j.integer("nextExerciseField", data.counters[2]);
+    j.integer("nextExercise", data.counters[3]);
+    j.integer("nextRoutine", data.counters[4]);
+    j.integer("spare", data.counters[5]);
+    j.endObject();
+    dumpHandheldUsers(j, data.currentUser, data.userNames);
+    j.beginArray("foods");
+    for (const TandryFood& f : data.foods)
+        dumpTandryFood(j, f);
+    j.endArray();
+    dumpDefinitions(j, data.definitions.fields, data.definitions.exercises,
+                    data.definitions.routines, data.definitions.variables);
+    j.endObject();
+    return j.result();
+}
+
+std::string tandryUserJson(const TandryUser& user)
+{
+    JsonWriter j;
+    j.beginObject();
+    dumpTandryProfile(j, user.profile);
+    j.beginArray("days");
+    for (const TandryDay& d : user.days)
+        dumpHandheldDay(j, d, &d.meals);
+    j.endArray();
+    j.endObject();
+    return j.result();
+}
+
+std::string korvelJson(const KorvelShared& data)
+{
+    JsonWriter j;
+    j.beginObject();
+    j.integer("formatVersion", data.version);
+    j.text("header", data.header);
+    // The desktop's third to sixth counters.
+    j.beginObject("idCounters");
+    j.integer("nextExerciseField", data.counters[0]);
+    j.integer("nextExercise", data.counters[1]);
+    j.integer("nextRoutine", data.counters[2]);
+    j.integer("spare", data.counters[3]);
+    j.endObject();
+    dumpHandheldUsers(j, data.currentUser, data.userNames);
+    dumpDefinitions(j, data.definitions.fields, data.definitions.exercises,
+                    data.definitions.routines, data.definitions.variables);
+    j.endObject();
+    return j.result();
+}
+
+std::string korvelUserJson(const KorvelUser& user)
+{
+    JsonWriter j;
+    j.beginObject();
+    dumpKorvelProfile(j, user.profile);
+    j.beginArray("days");
+    for (const KorvelDay& d : user.days)
+        dumpHandheldDay(j, d, nullptr);
     j.endArray();
     j.endObject();
     return j.result();

@@ -275,21 +275,6 @@ void readUserJournal(ArchiveReader& in, UserJournal& j, int* partsRead = nullptr
         *partsRead = 2;
 }
 
-template <class T, class Read>
-Salvaged<T> salvageArchive(std::span<const std::uint8_t> bytes, const std::string& fileName,
-                           Read&& read)
-{
-    Salvaged<T> out;
-    ArchiveReader in(bytes);
-    try {
-        read(in, out.value);
-    } catch (const ArchiveError& e) {
-        out.error = FileError{e.code(), fileName, e.offset(), e.what()};
-        out.complete = false;
-    }
-    return out;
-}
-
 } // namespace
 
 Result<SharedData> SharedData::parse(std::span<const std::uint8_t> bytes,

@@ -56,6 +56,8 @@ SyncDialog::SyncDialog(ui::AppContext& context, Handheld handheld, QWidget* pare
     auto* name = new QLineEdit(ui::toQt(context.store().currentUserName()), local);
     name->setObjectName(QStringLiteral("localUser"));
     name->setReadOnly(true);
+    // The dialog opens with the handheld users in focus: the name here is only shown.
+    name->setFocusPolicy(Qt::NoFocus);
     auto* localLayout = new QVBoxLayout(local);
     localLayout->addWidget(name);
 
@@ -156,11 +158,18 @@ void SyncDialog::runSync()
         return;
     }
 
+    // The question, then what the receiving side holds before and after, e.g.
+    // "Journal days: 120 -> 95", so that "Yes" is answered knowing what goes.
     QString question = ui::messageText(questionId(m_handheld, request.direction));
+    question += QStringLiteral("\n");
+    for (const std::string& line : op.changeLines())
+        question += QStringLiteral("\n") + QString::fromStdString(line);
+    // Named before the copy exists: once made, the name would be taken.
+    const QString copyName = QString::fromStdString(op.copyFolder().filename().string());
     if (request.direction == SyncDirection::Import) {
         question += QStringLiteral("\n\nA copy of your current data is kept in the folder \"%1\" "
                                    "in your data folder.")
-                        .arg(QString::fromStdString(op.copyFolder().filename().string()));
+                        .arg(copyName);
     }
     if (!ui::askYesNoText(this, question))
         return;
@@ -170,10 +179,16 @@ void SyncDialog::runSync()
         reject();
         return;
     }
-    if (request.direction == SyncDirection::Import)
+    if (request.direction == SyncDirection::Import) {
         saveImported();
-    else
+        const QString from =
+            m_handheld == Handheld::Tandry ? QStringLiteral("Tandry") : QStringLiteral("Korvel");
+        m_context.showStatus(
+            QStringLiteral("Imported from %1 (%2); your previous data are in the folder \"%3\".")
+                .arg(from, ui::toQt(op.summary().handheldUser), copyName));
+    } else {
         m_context.showStatus(QStringLiteral("The handheld's files were written."));
+    }
     accept();
 }
 

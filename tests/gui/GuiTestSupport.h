@@ -19,19 +19,20 @@
 
 namespace velmora::test {
 
-// A context for pages and dialogs tested without the main window: a store of its own, and a
-// count of the writes reported through notifyChanged().
+// A context for pages and dialogs tested without the main window: a store of its own, a count
+// of the writes reported through notifyChanged() and the last status text shown.
 class TestContext : public ui::AppContext
 {
 public:
     model::Store& store() override { return m_store; }
     void refreshAllPages() override {}
     void notifyChanged(ui::Change) override { ++modified; }
-    void showStatus(const QString&) override {}
+    void showStatus(const QString& text) override { status = text; }
     QWidget* mainWindow() override { return nullptr; }
 
     model::Store m_store;
     int modified = 0;
+    QString status;
 };
 
 // Runs action on the next modal dialog as soon as it is shown.

@@ -18,15 +18,15 @@
 #include <QtTest>
 
 #include "GuiTestSupport.h"
-#include "TransferBytes.h"
+#include "model/KorvelFiles.h"
 #include "model/Store.h"
+#include "model/TandryFiles.h"
 #include "support/DataFolderFixture.h"
 #include "support/Fixtures.h"
+#include "support/TransferBytes.h"
 #include "sync/SyncDialog.h"
 #include "sync/logic/HandheldFolder.h"
-#include "sync/logic/KorvelFiles.h"
 #include "sync/logic/SyncOperation.h"
-#include "sync/logic/TandryFiles.h"
 #include "ui/Messages.h"
 
 using namespace velmora;
@@ -258,8 +258,8 @@ void SyncDialogTest::syncRun()
         // The handheld user's file holds the desktop user's days.
         const std::string user = tandry ? "TandryFiles/Ann.db" : "TandryFiles/Ann.dwb";
         const std::size_t days =
-            tandry ? sync::TandryUser::parse(after.at(user), user).take().days.size()
-                   : sync::KorvelUser::parse(after.at(user), user).take().days.size();
+            tandry ? model::TandryUser::parse(after.at(user), user).take().days.size()
+                   : model::KorvelUser::parse(after.at(user), user).take().days.size();
         QCOMPARE(days, tandry ? expected.tandryExport()->user.days.size()
                               : expected.korvelExport()->user.days.size());
         QVERIFY(days > 0);
@@ -277,6 +277,10 @@ void SyncDialogTest::syncRun()
         QCOMPARE(after.at("copy/Bert.db"), before.at("Bert.db"));
         QCOMPARE(after.at("copy/velmora.db"), before.at("velmora.db"));
         QVERIFY(context.modified > 0);
+        // The status names the folder the copy went to.
+        const QStringList quoted = context.status.split(QLatin1Char('"'));
+        QVERIFY2(quoted.size() == 3, qPrintable(context.status));
+        QVERIFY(fs::is_regular_file(dir / quoted[1].toStdString() / "Bert.db"));
     } else {
         QCOMPARE(store.journal.serialize(), desktopJournal);
         QCOMPARE(context.modified, 0);

@@ -11,6 +11,7 @@
 #include "support/Builders.h"
 #include "support/Fixtures.h"
 #include "support/TempDir.h"
+#include "support/TransferBytes.h"
 
 using namespace velmora::model;
 using namespace velmora::test;
@@ -141,6 +142,61 @@ TEST(Cli, DumpGivesJsonWithUtf8Texts)
     EXPECT_NE(r.out.find("\"value\": 12.6"), std::string::npos);
 }
 
+// The handheld transfer files: rewrite reproduces them, dump shows them, and a damaged one is
+// refused with its name and the offset of the damage, as the desktop's files are.
+TEST(Cli, HandheldKindsRewriteDumpAndRefuseDamage)
+{
+    TempDir dir;
+    auto hugeFoods = handTandryShared(376);
+    hugeFoods[41 + 3] = 0x7F; // the food count: version, "TD", counters, user, two names
+    auto cutName = handKorvelShared(302);
+    cutName.resize(27); // inside the name "Ann", whose length byte is at 25
+    const std::size_t korvelProfile = handKorvelProfile(302).size();
+    struct Case
+    {
+        const char* kind;
+        std::vector<std::uint8_t> whole;
+        const char* inDump;
+        std::vector<std::uint8_t> damaged;
+        std::size_t offset;
+    };
+    const Case cases[] = {
+        {"tandry", handTandryShared(376), "\"name\": \"Oats\"", hugeFoods, 41},
+        {"tandry-user", handTandryUser(376), "\"1969-12-31T00:00:00Z\"",
+         Bytes().append(handTandryProfile(376, 101)).u32(0).bytes(), 44},
+        {"korvel", handKorvelShared(302), "\"nextExerciseField\": 3", cutName, 25},
+        {"korvel-user", handKorvelUser(302), "\"note\": \"legs\"",
+         Bytes().append(handKorvelProfile(302)).u32(0xFFFFFFFF).bytes(), korvelProfile},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.kind);
+        const fs::path in = dir / "in.db", out = dir / "out.db", bad = dir / "bad.db";
+        writeBytes(in, c.whole);
+        writeBytes(bad, c.damaged);
+        CliRun r = cli(dir, std::string("rewrite ") + c.kind + " " + quote(in.string()) + " " +
+                                quote(out.string()));
+        ASSERT_EQ(r.exitCode, 0) << r.err;
+        EXPECT_EQ(readBytes(out), c.whole);
+
+        r = cli(dir, std::string("dump ") + c.kind + " " + quote(in.string()));
+        ASSERT_EQ(r.exitCode, 0) << r.err;
+        EXPECT_EQ(r.out.front(), '{');
+        EXPECT_NE(r.out.find(c.inDump), std::string::npos) << r.out;
+
+        fs::remove(out);
+        for (const std::string command : {"rewrite", "dump"}) {
+            r = cli(dir, command + " " + c.kind + " " + quote(bad.string()) +
+                             (command == "rewrite" ? " " + quote(out.string()) : ""));
+            EXPECT_EQ(r.exitCode, 1) << command;
+            EXPECT_TRUE(r.out.empty()) << command;
+            EXPECT_NE(r.err.find(bad.string() + " is damaged at byte " + std::to_string(c.offset)),
+                      std::string::npos)
+                << command << ": " << r.err;
+        }
+        EXPECT_FALSE(fs::exists(out));
+    }
+}
+
 TEST(Cli, ResaveLoadsAndSavesTheDataFolder)
 {
     TempDir dir;
@@ -208,8 +264,9 @@ TEST(Cli, ResaveReportsADamagedFileKeepsItAsideAndSavesWhatWasWhole)
 TEST(Cli, HelpForEveryCommand)
 {
     TempDir dir;
-    for (const char* c : {"--help", "rewrite --help", "dump --help", "resave --help", "report --help",
-                          "export --help", "import-health --help", "sync --help"}) {
+    for (const char* c :
+         {"--help", "rewrite --help", "dump --help", "resave --help", "report --help",
+          "export --help", "import-health --help", "sync --help"}) {
         const CliRun r = cli(dir, c);
         EXPECT_EQ(r.exitCode, 0) << c;
         EXPECT_NE(r.out.find("Usage: velmora-cli"), std::string::npos) << c;
@@ -221,8 +278,8 @@ TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
 {
     TempDir dir;
     fs::copy(Canonical, dir.path(), fs::copy_options::recursive);
-    const std::string where =
-        " --data-dir " + quote(dir.path().string()) + " --foods " + quote((dir / "foods.db").string());
+    const std::string where = " --data-dir " + quote(dir.path().string()) + " --foods " +
+                              quote((dir / "foods.db").string());
     std::ofstream(dir / "weigh-ins.csv") << "Date,Weight (kg)\n2020-01-03,80.5\n2020-01-04,abc\n";
     const std::string csv = quote((dir / "weigh-ins.csv").string());
     const std::string out = quote((dir / "export").string());
@@ -241,8 +298,10 @@ TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
     const Case cases[] = {
         {"report" + where + " --from 2020-01-01 --to 2020-01-31", 0,
          "Nutrient\tAvg\tDaily Goal\tNet\nEnergy\t"},
-        {"report" + where + " --from 2020-01-31 --to 2020-01-01", 0, "Nutrient\tAvg\tDaily Goal\tNet\n"},
-        {"report" + where + " --from 2020-01-01 --to 2020-01-31 --csv", 0, "Nutrient,Avg,Daily Goal,Net"},
+        {"report" + where + " --from 2020-01-31 --to 2020-01-01", 0,
+         "Nutrient\tAvg\tDaily Goal\tNet\n"},
+        {"report" + where + " --from 2020-01-01 --to 2020-01-31 --csv", 0,
+         "Nutrient,Avg,Daily Goal,Net"},
         {"report" + where + " --from 2020-02-30 --to 2020-03-01", 2, ""},
         {"report" + where + " --user Nobody --from 2020-01-01 --to 2020-01-31", 2, ""},
         {"report" + where + " --from 2020-01-01", 2, ""},

@@ -16,9 +16,10 @@ using namespace velmora::sync;
 namespace {
 
 // A handheld food with the given stored values (by value index).
-TandryFood handheldFood(std::uint32_t id, std::initializer_list<std::pair<int, std::uint16_t>> raw)
+model::TandryFood handheldFood(std::uint32_t id,
+                               std::initializer_list<std::pair<int, std::uint16_t>> raw)
 {
-    TandryFood f;
+    model::TandryFood f;
     f.id = id;
     for (const auto& [index, value] : raw)
         f.setStored(index, value);
@@ -42,7 +43,7 @@ TEST(TandryValues, BaseAmountPerCentValuesAndPoints)
     struct Case
     {
         const char* name;
-        TandryFood food;
+        model::TandryFood food;
         int index;
         double expected;
     };
@@ -88,8 +89,8 @@ TEST(TandryValues, EveryStoredTenthSurvivesAnImportAndAnExport)
     const model::NutrientCatalogue catalogue = test::syncCatalogue();
     for (std::uint32_t raw = 0; raw <= 0xFFFF; ++raw) {
         const auto r = static_cast<std::uint16_t>(raw);
-        const TandryFood food = handheldFood(70000, {{0, r}, {1, r}, {26, r}});
-        const TandryFood back = exportFood(importFood(food, catalogue), catalogue);
+        const model::TandryFood food = handheldFood(70000, {{0, r}, {1, r}, {26, r}});
+        const model::TandryFood back = exportFood(importFood(food, catalogue), catalogue);
         ASSERT_EQ(back.stored(0), raw);
         ASSERT_EQ(back.stored(1), raw);
         ASSERT_EQ(back.stored(26), raw);
@@ -103,8 +104,8 @@ TEST(TandryFoods, ExportAndImportMapEveryNutrientToItsValueIndex)
     food.number = 70005;
     food.name = "Stew";
     food.servingWeight = 123.45f;
-    for (int i = 1; i < TandryValueCount; ++i) {
-        const model::NutrientId n = TandryValueNutrients[static_cast<std::size_t>(i)];
+    for (int i = 1; i < model::TandryValueCount; ++i) {
+        const model::NutrientId n = model::TandryValueNutrients[static_cast<std::size_t>(i)];
         if (n != 0)
             food.values[static_cast<std::size_t>(catalogue.indexOf(n))] =
                 static_cast<float>(i) + 0.25f;
@@ -112,7 +113,7 @@ TEST(TandryFoods, ExportAndImportMapEveryNutrientToItsValueIndex)
     food.values[static_cast<std::size_t>(catalogue.indexOf(208))] = 7000.0f;
     food.values[static_cast<std::size_t>(catalogue.indexOf(502))] = 9.0f;
 
-    const TandryFood out = exportFood(food, catalogue);
+    const model::TandryFood out = exportFood(food, catalogue);
     EXPECT_EQ(out.id, 70005u);
     EXPECT_EQ(out.name, "Stew");
     EXPECT_EQ(out.stored(0), 1234.0); // the serving weight in tenths of a gram
@@ -125,7 +126,7 @@ TEST(TandryFoods, ExportAndImportMapEveryNutrientToItsValueIndex)
     EXPECT_EQ(out.floats, (std::array<float, 4>{232.0f, 242.0f, 252.0f, 262.0f}));
     EXPECT_TRUE(out.measures.empty());
 
-    TandryFood withMeasure = out;
+    model::TandryFood withMeasure = out;
     withMeasure.measures = {{2505, "bowl"}};
     withMeasure.words[6] = 77; // value index 6 is carried, never imported
     const model::FoodItem back = importFood(withMeasure, catalogue);
@@ -142,7 +143,7 @@ TEST(TandryFoods, ExportAndImportMapEveryNutrientToItsValueIndex)
 
 TEST(TandryGoals, GoalsFollowTheProfileOrderWhenTheUserHasGoals)
 {
-    TandryProfile profile;
+    model::TandryProfile profile;
     for (std::size_t k = 0; k < profile.goals.size(); ++k)
         profile.goals[k] = 10.0 * static_cast<double>(k) + 0.5;
     model::User user;
@@ -164,7 +165,7 @@ TEST(TandryGoals, GoalsFollowTheProfileOrderWhenTheUserHasGoals)
     noGoals.goalNutrients = {208, 203};
     importGoals(profile, noGoals);
     EXPECT_TRUE(noGoals.goalValues.empty());
-    const TandryProfile before = profile;
+    const model::TandryProfile before = profile;
     exportGoals(noGoals, profile);
     EXPECT_EQ(profile.goals, before.goals);
 }
@@ -206,13 +207,13 @@ TEST(TandryRoundTrip, ExportThenImportGivesBackJournalDefinitionsFoodsAndGoals)
     const model::NutrientCatalogue catalogue = test::syncCatalogue();
     const test::Desktop original = test::sampleDesktop(catalogue);
 
-    TandryShared handheld;
+    model::TandryShared handheld;
     handheld.userNames = {"Dana"};
-    TandryUser user;
+    model::TandryUser user;
     exportTandry(original.shared, original.journal, catalogue, handheld, user);
     // Through the files' bytes, as the handheld would see them.
-    auto sharedBack = TandryShared::parse(handheld.serialize(), "tandry.db");
-    auto userBack = TandryUser::parse(user.serialize(), "Dana.db");
+    auto sharedBack = model::TandryShared::parse(handheld.serialize(), "tandry.db");
+    auto userBack = model::TandryUser::parse(user.serialize(), "Dana.db");
     ASSERT_TRUE(sharedBack.ok() && userBack.ok());
 
     test::Desktop d = original;
@@ -241,16 +242,16 @@ TEST(KorvelRoundTrip, ExportThenImportGivesBackJournalAndDefinitions)
     const model::NutrientCatalogue catalogue = test::syncCatalogue();
     const test::Desktop original = test::sampleDesktop(catalogue);
 
-    KorvelShared handheld;
+    model::KorvelShared handheld;
     handheld.userNames = {"Dana"};
-    KorvelUser user;
+    model::KorvelUser user;
     exportKorvel(original.shared, original.journal, handheld, user);
     // The 10th and the second day of the 12th carry workout data; the 11th and the first 12th not.
     ASSERT_EQ(user.days.size(), 2u);
     EXPECT_EQ(user.days[0].note, "f1");
     EXPECT_EQ(handheld.counters, (std::array<std::uint32_t, 4>{13, 22, 31, 5}));
-    auto sharedBack = KorvelShared::parse(handheld.serialize(), "korvel.dwb");
-    auto userBack = KorvelUser::parse(user.serialize(), "Dana.dwb");
+    auto sharedBack = model::KorvelShared::parse(handheld.serialize(), "korvel.dwb");
+    auto userBack = model::KorvelUser::parse(user.serialize(), "Dana.dwb");
     ASSERT_TRUE(sharedBack.ok() && userBack.ok());
 
     test::Desktop d = original;
@@ -270,14 +271,14 @@ TEST(KorvelImport, WorkoutDataIsReplacedDayByDayAndMealsStay)
     const model::TimeT eleventh = d.journal.days[1].date;
     const model::TimeT fifteenth = model::CalendarDate{2024, 3, 15}.toTime() + 12 * 3600;
 
-    KorvelShared handheld; // no counters beyond the defaults, empty lists
+    model::KorvelShared handheld; // no counters beyond the defaults, empty lists
     handheld.definitions.routines = {{40, 100, "Swim", {}}};
-    KorvelUser user;
-    KorvelDay onEleventh;
+    model::KorvelUser user;
+    model::KorvelDay onEleventh;
     onEleventh.date = eleventh + 5 * 3600;
     onEleventh.note = "k11";
     onEleventh.workouts = {{40, 100, eleventh + 6 * 3600, {}, "laps"}};
-    KorvelDay onFifteenth;
+    model::KorvelDay onFifteenth;
     onFifteenth.date = fifteenth;
     onFifteenth.values.weight = 70.0f;
     user.days = {onEleventh, onFifteenth};
@@ -319,10 +320,10 @@ TEST(TandryImport, ReplacesTheJournalWhileKeepingNotesTheHandheldDoesNotCarry)
 {
     const model::NutrientCatalogue catalogue = test::syncCatalogue();
     test::Desktop d = test::sampleDesktop(catalogue);
-    TandryShared handheld; // empty lists: foods and definitions stay
+    model::TandryShared handheld; // empty lists: foods and definitions stay
     handheld.counters = {50010, 2, 2, 2, 2, 2};
-    TandryUser user;
-    TandryDay onTenth;
+    model::TandryUser user;
+    model::TandryDay onTenth;
     onTenth.date = d.journal.days[0].date + 9 * 3600;
     onTenth.note = "t10";
     onTenth.meals = {{onTenth.date, 3, {{70001, 3.0f}}}};

@@ -6,9 +6,9 @@
 #include <sstream>
 
 #include "SyncSamples.h"
-#include "TransferBytes.h"
 #include "model/FoodDatabase.h"
 #include "support/TempDir.h"
+#include "support/TransferBytes.h"
 #include "sync/logic/SyncCommand.h"
 #include "sync/logic/SyncOperation.h"
 

@@ -5,9 +5,9 @@
 #include <optional>
 
 #include "SyncSamples.h"
-#include "TransferBytes.h"
 #include "model/DateText.h"
 #include "support/TempDir.h"
+#include "support/TransferBytes.h"
 #include "sync/logic/JournalTransfer.h"
 #include "sync/logic/SyncOperation.h"
 
@@ -203,8 +203,9 @@ TEST(SyncExport, ExportThenImportThroughTheFolder)
         EXPECT_EQ(f.desktopBytes(), desktopBefore);
 
         if (diet) {
-            auto shared = TandryShared::parse(test::readBytes(f.folder() / "tandry.db"), "t");
-            auto user = TandryUser::parse(test::readBytes(f.folder() / "Ann.db"), "u");
+            auto shared =
+                model::TandryShared::parse(test::readBytes(f.folder() / "tandry.db"), "t");
+            auto user = model::TandryUser::parse(test::readBytes(f.folder() / "Ann.db"), "u");
             ASSERT_TRUE(shared.ok() && user.ok());
             EXPECT_EQ(shared.value().header, "TD");
             EXPECT_EQ(shared.value().userNames, (std::vector<std::string>{"Ann", "Bob"}));
@@ -214,8 +215,9 @@ TEST(SyncExport, ExportThenImportThroughTheFolder)
             EXPECT_EQ(user.value().profile.goals[0], 2100.0); // energy goal from the desktop
             EXPECT_EQ(user.value().days.size(), 4u);
         } else {
-            auto shared = KorvelShared::parse(test::readBytes(f.folder() / "korvel.dwb"), "k");
-            auto user = KorvelUser::parse(test::readBytes(f.folder() / "Ann.dwb"), "u");
+            auto shared =
+                model::KorvelShared::parse(test::readBytes(f.folder() / "korvel.dwb"), "k");
+            auto user = model::KorvelUser::parse(test::readBytes(f.folder() / "Ann.dwb"), "u");
             ASSERT_TRUE(shared.ok() && user.ok());
             EXPECT_EQ(shared.value().header, "KV");
             EXPECT_EQ(user.value().profile.setting24, 24u);
@@ -250,7 +252,7 @@ TEST(SyncExport, RefusalsWriteNothing)
         R refusal;
     };
     const auto usersNone = [] {
-        TandryShared s;
+        model::TandryShared s;
         return s.serialize();
     }();
     auto damagedUser = test::handTandryUser(376);
@@ -352,8 +354,8 @@ TEST(TransferStores, EmptyNameListsUnsafeNamesAndMissingFolders)
     // A write with release empties what it wrote.
     TandryStore full(folder);
     ASSERT_TRUE(full.readShared().ok());
-    full.shared = TandryShared::parse(test::handTandryShared(376), "t").take();
-    full.user = TandryUser::parse(test::handTandryUser(376), "u").take();
+    full.shared = model::TandryShared::parse(test::handTandryShared(376), "t").take();
+    full.user = model::TandryUser::parse(test::handTandryUser(376), "u").take();
     ASSERT_TRUE(full.writeUser(true).ok());
     ASSERT_TRUE(full.writeShared(true).ok());
     EXPECT_TRUE(full.user.days.empty());

@@ -105,7 +105,7 @@ std::vector<model::TimeT> daysBeyondDesktopTimes(const std::vector<model::Journa
     return daysOutside(days, 0, std::numeric_limits<std::uint32_t>::max());
 }
 
-void importDefinitions(const DefinitionLists& handheld, model::SharedData& desktop)
+void importDefinitions(const model::DefinitionLists& handheld, model::SharedData& desktop)
 {
     if (!handheld.fields.empty())
         desktop.fields = handheld.fields;
@@ -117,9 +117,10 @@ void importDefinitions(const DefinitionLists& handheld, model::SharedData& deskt
         desktop.variables = handheld.variables;
 }
 
-DefinitionLists exportDefinitions(const model::SharedData& desktop)
+model::DefinitionLists exportDefinitions(const model::SharedData& desktop)
 {
-    return DefinitionLists{desktop.fields, desktop.exercises, desktop.routines, desktop.variables};
+    return model::DefinitionLists{desktop.fields, desktop.exercises, desktop.routines,
+                                  desktop.variables};
 }
 
 void raiseCountersAboveIds(model::SharedData& desktop)

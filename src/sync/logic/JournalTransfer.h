@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <vector>
 
+#include "model/HandheldArchive.h"
 #include "model/Journal.h"
 #include "model/UserDatabase.h"
-#include "sync/logic/HandheldArchive.h"
 
 namespace velmora::sync {
 
@@ -37,8 +37,8 @@ std::vector<model::TimeT> daysBeyondDesktopTimes(const std::vector<model::Journa
 
 // Replaces the desktop's definition lists by the handheld's, list by list; a handheld list that
 // is empty never replaces one.
-void importDefinitions(const DefinitionLists& handheld, model::SharedData& desktop);
-DefinitionLists exportDefinitions(const model::SharedData& desktop);
+void importDefinitions(const model::DefinitionLists& handheld, model::SharedData& desktop);
+model::DefinitionLists exportDefinitions(const model::SharedData& desktop);
 
 // Keeps every counter above the identifiers in use, whatever the handheld's counters said: the
 // custom-food counter at least 70000 and above every custom food's number, the others above the

@@ -17,8 +17,8 @@ bool carriedToKorvel(const model::JournalDay& day)
     return !day.health.isEmpty() || !day.workouts.empty() || !day.notes[FitnessNote].empty();
 }
 
-void importKorvel(const KorvelShared& handheld, const KorvelUser& user, model::SharedData& shared,
-                  model::UserJournal& journal)
+void importKorvel(const model::KorvelShared& handheld, const model::KorvelUser& user,
+                  model::SharedData& shared, model::UserJournal& journal)
 {
     for (std::size_t i = 0; i < handheld.counters.size(); ++i)
         shared.counters.values[FirstDefinitionCounter + i] =
@@ -33,12 +33,12 @@ void importKorvel(const KorvelShared& handheld, const KorvelUser& user, model::S
         d.notes[FitnessNote].clear();
     }
     std::vector<model::TimeT> dates;
-    for (const KorvelDay& d : user.days)
+    for (const model::KorvelDay& d : user.days)
         dates.push_back(d.date);
     const std::vector<std::ptrdiff_t> match = matchDays(days, dates);
     const std::size_t existing = days.size();
     for (std::size_t k = 0; k < user.days.size(); ++k) {
-        const KorvelDay& from = user.days[k];
+        const model::KorvelDay& from = user.days[k];
         if (match[k] < 0) {
             model::JournalDay fresh;
             fresh.date = oneInTheMorning(from.date);
@@ -60,7 +60,7 @@ void importKorvel(const KorvelShared& handheld, const KorvelUser& user, model::S
 }
 
 void exportKorvel(const model::SharedData& shared, const model::UserJournal& journal,
-                  KorvelShared& handheld, KorvelUser& user)
+                  model::KorvelShared& handheld, model::KorvelUser& user)
 {
     for (std::size_t i = 0; i < handheld.counters.size(); ++i)
         handheld.counters[i] =
@@ -69,7 +69,8 @@ void exportKorvel(const model::SharedData& shared, const model::UserJournal& jou
     user.days.clear();
     for (const model::JournalDay& d : journal.days)
         if (carriedToKorvel(d))
-            user.days.push_back(KorvelDay{d.date, d.health, d.workouts, d.notes[FitnessNote]});
+            user.days.push_back(
+                model::KorvelDay{d.date, d.health, d.workouts, d.notes[FitnessNote]});
 }
 
 } // namespace velmora::sync

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "model/KorvelFiles.h"
 #include "model/UserDatabase.h"
-#include "sync/logic/KorvelFiles.h"
 
 namespace velmora::sync {
 
@@ -15,14 +15,14 @@ namespace velmora::sync {
 // loses its day values, workouts and "Fitness" note; each handheld day then gives them to the
 // first desktop day of the same local date not yet given any, or becomes a new day at 01:00 local
 // time of its date. Desktop days that the import leaves with nothing are dropped.
-void importKorvel(const KorvelShared& handheld, const KorvelUser& user, model::SharedData& shared,
-                  model::UserJournal& journal);
+void importKorvel(const model::KorvelShared& handheld, const model::KorvelUser& user,
+                  model::SharedData& shared, model::UserJournal& journal);
 
 // The whole export: the counters and definition lists from the desktop, and one handheld day for
 // every desktop day that holds day values, a workout or a "Fitness" note, in journal order. The
 // profile is kept as read. Dates are not checked here (see daysBeyondSignedTimes).
 void exportKorvel(const model::SharedData& shared, const model::UserJournal& journal,
-                  KorvelShared& handheld, KorvelUser& user);
+                  model::KorvelShared& handheld, model::KorvelUser& user);
 
 // The desktop days that an export carries to the workout handheld.
 bool carriedToKorvel(const model::JournalDay& day);

@@ -44,8 +44,8 @@ ListChange change(std::size_t before, std::size_t after)
     return ListChange{before, after};
 }
 
-void summariseDefinitions(SyncSummary& s, const DefinitionLists& before,
-                          const DefinitionLists& after)
+void summariseDefinitions(SyncSummary& s, const model::DefinitionLists& before,
+                          const model::DefinitionLists& after)
 {
     s.fields = change(before.fields.size(), after.fields.size());
     s.exercises = change(before.exercises.size(), after.exercises.size());
@@ -185,7 +185,7 @@ void SyncOperation::prepareExport(const model::SharedData& shared,
         TandryStore store(folder);
         if (!readForExport(store))
             return;
-        const TandryShared before = store.shared;
+        const model::TandryShared before = store.shared;
         const std::size_t daysBefore = store.user.days.size();
         const auto goalsBefore = store.user.profile.goals;
         exportTandry(shared, journal, catalogue, store.shared, store.user);
@@ -199,7 +199,7 @@ void SyncOperation::prepareExport(const model::SharedData& shared,
         KorvelStore store(folder);
         if (!readForExport(store))
             return;
-        const DefinitionLists before = store.shared.definitions;
+        const model::DefinitionLists before = store.shared.definitions;
         const std::size_t daysBefore = store.user.days.size();
         exportKorvel(shared, journal, store.shared, store.user);
         std::vector<model::JournalDay> carried;
@@ -223,7 +223,7 @@ std::string SyncOperation::refusalText() const
     case Refusal::Version:
         return handheldVersionText();
     case Refusal::File:
-        return m_fileError.message();
+        return m_fileError.message() + "\nNothing was synchronised.";
     case Refusal::NoUsers:
         return "The handheld has no users to receive the data.";
     case Refusal::Dates: {

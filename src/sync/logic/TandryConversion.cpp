@@ -37,14 +37,14 @@ std::uint16_t toTenths(float value)
     return static_cast<std::uint16_t>(whole);
 }
 
-TandryFood exportFood(const model::FoodItem& food, const model::NutrientCatalogue& catalogue)
+model::TandryFood exportFood(const model::FoodItem& food, const model::NutrientCatalogue& catalogue)
 {
-    TandryFood out;
+    model::TandryFood out;
     out.id = static_cast<std::uint32_t>(food.number);
     out.name = food.name;
     out.setStored(0, toTenths(food.servingWeight));
-    for (int index = 1; index < TandryValueCount; ++index) {
-        const model::NutrientId n = TandryValueNutrients[static_cast<std::size_t>(index)];
+    for (int index = 1; index < model::TandryValueCount; ++index) {
+        const model::NutrientId n = model::TandryValueNutrients[static_cast<std::size_t>(index)];
         if (n == 0)
             continue;
         out.setStored(index, toTenths(food.valueAt(catalogue.indexOf(n))));
@@ -52,19 +52,19 @@ TandryFood exportFood(const model::FoodItem& food, const model::NutrientCatalogu
     return out;
 }
 
-model::FoodItem importFood(const TandryFood& food, const model::NutrientCatalogue& catalogue)
+model::FoodItem importFood(const model::TandryFood& food, const model::NutrientCatalogue& catalogue)
 {
     model::FoodItem out;
     out.number = static_cast<std::int32_t>(food.id);
     out.name = food.name;
-    for (int index = 1; index < TandryValueCount; ++index) {
-        const model::NutrientId n = TandryValueNutrients[static_cast<std::size_t>(index)];
+    for (int index = 1; index < model::TandryValueCount; ++index) {
+        const model::NutrientId n = model::TandryValueNutrients[static_cast<std::size_t>(index)];
         const int position = n == 0 ? -1 : catalogue.indexOf(n);
         if (position >= 0 && position < model::StoredNutrientCount)
             out.values[static_cast<std::size_t>(position)] = static_cast<float>(food.value(index));
     }
     out.servingWeight = static_cast<float>(food.value(0));
-    for (const TandryMeasure& m : food.measures)
+    for (const model::TandryMeasure& m : food.measures)
         out.measures.push_back(model::FoodMeasure{static_cast<float>(m.amount * 0.1), m.text});
     return out;
 }
@@ -74,29 +74,29 @@ bool hasGoals(const model::User& user)
     return !user.goalNutrients.empty() && user.goalsSet();
 }
 
-void importGoals(const TandryProfile& profile, model::User& user)
+void importGoals(const model::TandryProfile& profile, model::User& user)
 {
     if (!hasGoals(user))
         return;
-    for (std::size_t k = 0; k < TandryGoalNutrients.size(); ++k) {
-        const std::ptrdiff_t i = goalPosition(user, TandryGoalNutrients[k]);
+    for (std::size_t k = 0; k < model::TandryGoalNutrients.size(); ++k) {
+        const std::ptrdiff_t i = goalPosition(user, model::TandryGoalNutrients[k]);
         if (i >= 0)
             user.goalValues[static_cast<std::size_t>(i)] = static_cast<float>(profile.goals[k]);
     }
 }
 
-void exportGoals(const model::User& user, TandryProfile& profile)
+void exportGoals(const model::User& user, model::TandryProfile& profile)
 {
     if (!hasGoals(user))
         return;
-    for (std::size_t k = 0; k < TandryGoalNutrients.size(); ++k) {
-        const std::ptrdiff_t i = goalPosition(user, TandryGoalNutrients[k]);
+    for (std::size_t k = 0; k < model::TandryGoalNutrients.size(); ++k) {
+        const std::ptrdiff_t i = goalPosition(user, model::TandryGoalNutrients[k]);
         if (i >= 0)
             profile.goals[k] = static_cast<double>(user.goalValues[static_cast<std::size_t>(i)]);
     }
 }
 
-void importTandry(const TandryShared& handheld, const TandryUser& user,
+void importTandry(const model::TandryShared& handheld, const model::TandryUser& user,
                   const model::NutrientCatalogue& catalogue, model::SharedData& shared,
                   model::UserJournal& journal)
 {
@@ -104,21 +104,21 @@ void importTandry(const TandryShared& handheld, const TandryUser& user,
         shared.counters.values[i] = static_cast<std::int32_t>(handheld.counters[i]);
     if (!handheld.foods.empty()) {
         shared.customFoods.clear();
-        for (const TandryFood& f : handheld.foods)
+        for (const model::TandryFood& f : handheld.foods)
             shared.customFoods.push_back(importFood(f, catalogue));
     }
     importDefinitions(handheld.definitions, shared);
     raiseCountersAboveIds(shared);
 
     std::vector<model::TimeT> dates;
-    for (const TandryDay& d : user.days)
+    for (const model::TandryDay& d : user.days)
         dates.push_back(d.date);
     const std::vector<std::ptrdiff_t> match = matchDays(journal.days, dates);
     std::vector<bool> replaced(journal.days.size(), false);
     std::vector<model::JournalDay> days;
     days.reserve(user.days.size());
     for (std::size_t k = 0; k < user.days.size(); ++k) {
-        const TandryDay& from = user.days[k];
+        const model::TandryDay& from = user.days[k];
         model::JournalDay day;
         if (match[k] >= 0) {
             const auto m = static_cast<std::size_t>(match[k]);
@@ -144,8 +144,8 @@ void importTandry(const TandryShared& handheld, const TandryUser& user,
 }
 
 void exportTandry(const model::SharedData& shared, const model::UserJournal& journal,
-                  const model::NutrientCatalogue& catalogue, TandryShared& handheld,
-                  TandryUser& user)
+                  const model::NutrientCatalogue& catalogue, model::TandryShared& handheld,
+                  model::TandryUser& user)
 {
     for (std::size_t i = 0; i < handheld.counters.size(); ++i)
         handheld.counters[i] = static_cast<std::uint32_t>(shared.counters.values[i]);
@@ -155,7 +155,8 @@ void exportTandry(const model::SharedData& shared, const model::UserJournal& jou
     handheld.definitions = exportDefinitions(shared);
     user.days.clear();
     for (const model::JournalDay& d : journal.days)
-        user.days.push_back(TandryDay{d.date, d.health, d.meals, d.workouts, d.notes[DietNote]});
+        user.days.push_back(
+            model::TandryDay{d.date, d.health, d.meals, d.workouts, d.notes[DietNote]});
     exportGoals(journal.user, user.profile);
 }
 

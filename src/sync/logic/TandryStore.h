@@ -1,11 +1,11 @@
 #pragma once
 
-#include "sync/logic/TandryFiles.h"
+#include "model/TandryFiles.h"
 #include "sync/logic/TransferStore.h"
 
 namespace velmora::sync {
 
 // The diet handheld's files: "tandry.db" and "<user>.db" in the exchange folder.
-using TandryStore = TransferStore<TandryShared, TandryUser>;
+using TandryStore = TransferStore<model::TandryShared, model::TandryUser>;
 
 } // namespace velmora::sync

@@ -7,13 +7,13 @@
 #include "model/Archive.h"
 #include "model/Nutrients.h"
 
-namespace velmora::sync {
+namespace velmora::model {
 
 inline constexpr std::uint32_t TandryFormatVersion = 376;
 inline constexpr std::uint32_t KorvelFormatVersion = 302;
 
 // The NutrientId of each of the diet handheld's 33 goal values, in the order of its profile.
-inline constexpr std::array<model::NutrientId, 33> TandryGoalNutrients = {
+inline constexpr std::array<NutrientId, 33> TandryGoalNutrients = {
     208, 205, 203, 204, 606, 645, 646, 601, 291, 100, 101, 102, 301, 304, 305, 303, 309,
     312, 307, 410, 317, 306, 318, 401, 324, 394, 404, 405, 406, 417, 415, 418, 103};
 
@@ -41,7 +41,7 @@ struct TandryProfile
     std::uint32_t setting25 = 0;
     std::array<double, 33> goals{}; // in TandryGoalNutrients order
     std::array<std::uint32_t, 3> settings27{};
-    std::array<model::TimeT, 2> dates{}; // signed 32-bit times
+    std::array<TimeT, 2> dates{}; // signed 32-bit times
     std::uint32_t setting29 = 0;
     std::vector<std::uint32_t> entries; // at most MaxTandryProfileEntries
     std::array<std::uint8_t, 3> settings31{};
@@ -49,11 +49,11 @@ struct TandryProfile
     std::uint32_t lastSetting = 0;
 
     // Reads the record; returns the version the record was written with (the member becomes the
-    // current version). Throws model::ArchiveError (BadValue at the length's offset) when the
+    // current version). Throws ArchiveError (BadValue at the length's offset) when the
     // list claims more than 100 entries, and when the bytes run out.
-    std::uint32_t read(model::ArchiveReader& in);
+    std::uint32_t read(ArchiveReader& in);
     // Always as the current version, the last setting included.
-    void write(model::ArchiveWriter& out) const;
+    void write(ArchiveWriter& out) const;
 };
 
 // One workout handheld user's settings, kept as read and written back. Members are named after
@@ -74,10 +74,10 @@ struct KorvelProfile
     std::array<std::uint8_t, 3> settings21{};
     std::uint32_t setting24 = 0;
 
-    // Returns the version the record was written with. Throws model::ArchiveError when the bytes
+    // Returns the version the record was written with. Throws ArchiveError when the bytes
     // run out.
-    std::uint32_t read(model::ArchiveReader& in);
-    void write(model::ArchiveWriter& out) const;
+    std::uint32_t read(ArchiveReader& in);
+    void write(ArchiveWriter& out) const;
 };
 
-} // namespace velmora::sync
+} // namespace velmora::model

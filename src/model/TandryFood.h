@@ -8,7 +8,7 @@
 #include "model/Archive.h"
 #include "model/Nutrients.h"
 
-namespace velmora::sync {
+namespace velmora::model {
 
 // The diet handheld numbers a food's values 0 to 33 (the value index). Stored values are tenths
 // of their unit: a stored v means v x 0.1.
@@ -27,7 +27,7 @@ inline constexpr std::array<int, 26> TandryWordOrder = {
 inline constexpr std::array<int, 4> TandryFloatOrder = {23, 24, 25, 26};
 
 // The NutrientId of each value index; 0 where the index names no nutrient.
-inline constexpr std::array<model::NutrientId, TandryValueCount> TandryValueNutrients = {
+inline constexpr std::array<NutrientId, TandryValueCount> TandryValueNutrients = {
     0,   208, 205, 203, 204, 606, 0,   0,   601, 291, 0,   0,   0,   301, 304, 305, 303,
     309, 312, 307, 410, 317, 306, 318, 401, 324, 394, 404, 405, 406, 417, 415, 418, 0};
 
@@ -50,16 +50,18 @@ struct TandryFood
     // The stored value of a value index, before the tenths are applied: the 16-bit value or the
     // float. 0 for the computed indexes and for indexes outside 0..33.
     double stored(int index) const;
+    // True for the indexes the file stores (0 to 9 and 13 to 32).
+    static bool isStored(int index);
     // Sets a stored value; a float index receives raw as a float.
     void setStored(int index, std::uint16_t raw);
     // The value in its unit (grams, kcal, per cent, points): stored x 0.1, the computed values,
     // 100 grams as the base amount of a food numbered below 50001, and 0 for indexes 34 and up.
     double value(int index) const;
 
-    void read(model::ArchiveReader& in);
-    void write(model::ArchiveWriter& out) const;
+    void read(ArchiveReader& in);
+    void write(ArchiveWriter& out) const;
 };
 
 inline constexpr std::size_t MinTandryFoodSize = 4 + 1 + 26 * 2 + 4 * 4 + 4;
 
-} // namespace velmora::sync
+} // namespace velmora::model

@@ -1,9 +1,9 @@
-#include "sync/logic/TandryFood.h"
+#include "model/TandryFood.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace velmora::sync {
+namespace velmora::model {
 
 namespace {
 
@@ -33,6 +33,11 @@ int floatSlot(int index)
 }
 
 } // namespace
+
+bool TandryFood::isStored(int index)
+{
+    return wordSlot(index) >= 0 || floatSlot(index) >= 0;
+}
 
 double TandryFood::stored(int index) const
 {
@@ -75,7 +80,7 @@ double TandryFood::value(int index) const
     }
 }
 
-void TandryFood::read(model::ArchiveReader& in)
+void TandryFood::read(ArchiveReader& in)
 {
     id = in.u32();
     name = in.text();
@@ -90,7 +95,7 @@ void TandryFood::read(model::ArchiveReader& in)
     }
 }
 
-void TandryFood::write(model::ArchiveWriter& out) const
+void TandryFood::write(ArchiveWriter& out) const
 {
     out.u32(id);
     out.text(name);
@@ -105,4 +110,4 @@ void TandryFood::write(model::ArchiveWriter& out) const
     }
 }
 
-} // namespace velmora::sync
+} // namespace velmora::model

@@ -2,14 +2,14 @@
 
 #include <functional>
 
-#include "TransferBytes.h"
+#include "model/FileKinds.h"
+#include "model/KorvelFiles.h"
+#include "model/TandryFiles.h"
 #include "model/UserDatabase.h"
-#include "sync/logic/KorvelFiles.h"
-#include "sync/logic/SyncSeeds.h"
-#include "sync/logic/TandryFiles.h"
+#include "support/TransferBytes.h"
 
 using namespace velmora;
-using namespace velmora::sync;
+using namespace velmora::model;
 using velmora::test::Bytes;
 
 namespace {
@@ -318,48 +318,37 @@ TEST(HandheldFiles, DamagedFilesReportFileAndOffset)
     }
 }
 
-// The seeds of the fuzz targets: each reads and writes back to the same bytes (after one
-// rewrite for the older versions), and every shorter prefix of them is refused.
-TEST(HandheldFiles, SeedsRoundTripAndEveryPrefixIsRefused)
+// The four rows of the file-kinds table: a whole file comes back byte for byte and its salvage is
+// complete; every shorter prefix is refused, and its salvage keeps only whole parts.
+TEST(HandheldFiles, KindsRewriteWholeFilesAndRefuseEveryPrefix)
 {
-    struct Kind
-    {
-        const char* name;
-        std::vector<std::vector<std::uint8_t>> seeds;
-        std::function<bool(const std::vector<std::uint8_t>&, std::vector<std::uint8_t>&)> parse;
+    const std::pair<FileKind, std::vector<std::uint8_t>> cases[] = {
+        {FileKind::Tandry, test::handTandryShared(376)},
+        {FileKind::TandryUser, test::handTandryUser(376)},
+        {FileKind::Korvel, test::handKorvelShared(302)},
+        {FileKind::KorvelUser, test::handKorvelUser(302)},
     };
-    const auto with = [](auto parse) {
-        return [parse](const std::vector<std::uint8_t>& b, std::vector<std::uint8_t>& out) {
-            auto r = parse(b);
-            if (r.ok())
-                out = r.value().serialize();
-            return r.ok();
-        };
-    };
-    const Kind kinds[] = {
-        {"tandry", tandrySharedSeeds(),
-         with([](const auto& b) { return TandryShared::parse(b, "f"); })},
-        {"tandry-user", tandryUserSeeds(),
-         with([](const auto& b) { return TandryUser::parse(b, "f"); })},
-        {"korvel", korvelSharedSeeds(),
-         with([](const auto& b) { return KorvelShared::parse(b, "f"); })},
-        {"korvel-user", korvelUserSeeds(),
-         with([](const auto& b) { return KorvelUser::parse(b, "f"); })},
-    };
-    for (const Kind& k : kinds) {
+    for (const auto& [kind, bytes] : cases) {
+        const FileKindInfo& k = fileKind(kind);
         SCOPED_TRACE(k.name);
-        for (const auto& seed : k.seeds) {
-            std::vector<std::uint8_t> once, twice;
-            ASSERT_TRUE(k.parse(seed, once));
-            ASSERT_TRUE(k.parse(once, twice));
-            EXPECT_EQ(once, twice);
-            for (std::size_t n = 0; n < seed.size(); ++n) {
-                std::vector<std::uint8_t> unused;
-                EXPECT_FALSE(k.parse(
-                    std::vector<std::uint8_t>(seed.begin(), seed.begin() + std::ptrdiff_t(n)),
-                    unused))
-                    << "prefix of " << n << " bytes";
-            }
+        const auto once = k.rewrite(bytes, "f");
+        ASSERT_TRUE(once.ok()) << once.error().message();
+        EXPECT_EQ(once.value(), bytes);
+        const auto whole = k.salvage(bytes, "f");
+        EXPECT_TRUE(whole.complete);
+        EXPECT_EQ(whole.value, bytes);
+        int partsBefore = 0;
+        for (std::size_t n = 0; n < bytes.size(); ++n) {
+            const std::vector<std::uint8_t> prefix(bytes.begin(),
+                                                   bytes.begin() + std::ptrdiff_t(n));
+            EXPECT_FALSE(k.rewrite(prefix, "f").ok()) << "prefix of " << n << " bytes";
+            const auto part = k.salvage(prefix, "f");
+            EXPECT_FALSE(part.complete);
+            EXPECT_GE(part.partsRead, partsBefore) << "prefix of " << n << " bytes";
+            partsBefore = part.partsRead;
+            // What was salvaged is a file of its own that reads whole.
+            EXPECT_TRUE(k.rewrite(part.value, "f").ok()) << "prefix of " << n << " bytes";
         }
+        EXPECT_GE(partsBefore, 1);
     }
 }

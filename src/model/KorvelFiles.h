@@ -8,10 +8,10 @@
 
 #include "model/Journal.h"
 #include "model/Result.h"
-#include "sync/logic/HandheldArchive.h"
-#include "sync/logic/HandheldProfiles.h"
+#include "model/HandheldArchive.h"
+#include "model/HandheldProfiles.h"
 
-namespace velmora::sync {
+namespace velmora::model {
 
 inline constexpr const char* KorvelSharedFileName = "korvel.dwb";
 inline constexpr const char* KorvelUserFileExtension = ".dwb";
@@ -21,9 +21,9 @@ inline constexpr std::uint32_t KorvelLastVersionWithoutMeasurements = 300;
 // One day of the workout handheld. File order: date, day values, workouts, note. No meals.
 struct KorvelDay
 {
-    model::TimeT date = 0; // signed 32-bit in the file
-    model::HealthEntry values;
-    std::vector<model::WorkoutEntry> workouts;
+    TimeT date = 0; // signed 32-bit in the file
+    HealthEntry values;
+    std::vector<WorkoutEntry> workouts;
     std::string note;
 };
 
@@ -49,8 +49,13 @@ struct KorvelShared
     std::vector<std::string> userNames;
     DefinitionLists definitions;
 
-    static model::Result<KorvelShared> parse(std::span<const std::uint8_t> bytes,
-                                             const std::string& fileName);
+    static Result<KorvelShared> parse(std::span<const std::uint8_t> bytes,
+                                      const std::string& fileName);
+    // What a damaged file holds whole, and the error that stopped the read: the fields up to the
+    // user names, the definition lists each (partsRead counts the parts; the four definition
+    // lists are one).
+    static Salvaged<KorvelShared> salvage(std::span<const std::uint8_t> bytes,
+                                          const std::string& fileName);
     // Always as the current version; only the first 255 names are written.
     std::vector<std::uint8_t> serialize() const;
     void releaseLists() { definitions.clear(); }
@@ -76,9 +81,12 @@ struct KorvelUser
     KorvelProfile profile;
     std::vector<KorvelDay> days;
 
-    static model::Result<KorvelUser> parse(std::span<const std::uint8_t> bytes,
-                                           const std::string& fileName);
+    static Result<KorvelUser> parse(std::span<const std::uint8_t> bytes,
+                                    const std::string& fileName);
+    // What a damaged file holds whole: the profile, then the days (partsRead counts them).
+    static Salvaged<KorvelUser> salvage(std::span<const std::uint8_t> bytes,
+                                        const std::string& fileName);
     std::vector<std::uint8_t> serialize() const;
 };
 
-} // namespace velmora::sync
+} // namespace velmora::model

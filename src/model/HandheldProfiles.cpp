@@ -1,38 +1,36 @@
-#include "sync/logic/HandheldProfiles.h"
+#include "model/HandheldProfiles.h"
 
 #include <algorithm>
 #include <string>
 
-#include "sync/logic/HandheldArchive.h"
+#include "model/HandheldArchive.h"
 
-namespace velmora::sync {
+namespace velmora::model {
 
 namespace {
 
 // Diet profiles before this version end without their last setting.
 constexpr std::uint32_t FirstVersionWithLastSetting = 340;
 
-template <std::size_t N> void readBytes(model::ArchiveReader& in, std::array<std::uint8_t, N>& a)
+template <std::size_t N> void readBytes(ArchiveReader& in, std::array<std::uint8_t, N>& a)
 {
     for (std::uint8_t& b : a)
         b = in.u8();
 }
 
-template <std::size_t N> void readWords(model::ArchiveReader& in, std::array<std::uint32_t, N>& a)
+template <std::size_t N> void readWords(ArchiveReader& in, std::array<std::uint32_t, N>& a)
 {
     for (std::uint32_t& w : a)
         w = in.u32();
 }
 
-template <std::size_t N>
-void writeBytes(model::ArchiveWriter& out, const std::array<std::uint8_t, N>& a)
+template <std::size_t N> void writeBytes(ArchiveWriter& out, const std::array<std::uint8_t, N>& a)
 {
     for (std::uint8_t b : a)
         out.u8(b);
 }
 
-template <std::size_t N>
-void writeWords(model::ArchiveWriter& out, const std::array<std::uint32_t, N>& a)
+template <std::size_t N> void writeWords(ArchiveWriter& out, const std::array<std::uint32_t, N>& a)
 {
     for (std::uint32_t w : a)
         out.u32(w);
@@ -40,7 +38,7 @@ void writeWords(model::ArchiveWriter& out, const std::array<std::uint32_t, N>& a
 
 } // namespace
 
-std::uint32_t TandryProfile::read(model::ArchiveReader& in)
+std::uint32_t TandryProfile::read(ArchiveReader& in)
 {
     const std::uint32_t recordVersion = in.u32();
     readBytes(in, settings2);
@@ -52,9 +50,8 @@ std::uint32_t TandryProfile::read(model::ArchiveReader& in)
     const std::size_t lengthAt = in.offset();
     const std::uint32_t length = in.u32();
     if (length > MaxTandryProfileEntries) {
-        throw model::ArchiveError(model::FileErrorCode::BadValue, lengthAt,
-                                  "a profile list of at most 100 entries, not " +
-                                      std::to_string(length));
+        throw ArchiveError(FileErrorCode::BadValue, lengthAt,
+                           "a profile list of at most 100 entries, not " + std::to_string(length));
     }
     setting22 = in.u32();
     readBytes(in, settings23);
@@ -62,7 +59,7 @@ std::uint32_t TandryProfile::read(model::ArchiveReader& in)
     for (double& g : goals)
         g = in.f64();
     readWords(in, settings27);
-    for (model::TimeT& d : dates)
+    for (TimeT& d : dates)
         d = readSignedTime(in);
     setting29 = in.u32();
     entries.resize(length);
@@ -75,7 +72,7 @@ std::uint32_t TandryProfile::read(model::ArchiveReader& in)
     return recordVersion;
 }
 
-void TandryProfile::write(model::ArchiveWriter& out) const
+void TandryProfile::write(ArchiveWriter& out) const
 {
     out.u32(TandryFormatVersion);
     writeBytes(out, settings2);
@@ -93,7 +90,7 @@ void TandryProfile::write(model::ArchiveWriter& out) const
     for (double g : goals)
         out.f64(g);
     writeWords(out, settings27);
-    for (model::TimeT d : dates)
+    for (TimeT d : dates)
         writeSignedTime(out, d);
     out.u32(setting29);
     for (std::size_t i = 0; i < length; ++i)
@@ -103,7 +100,7 @@ void TandryProfile::write(model::ArchiveWriter& out) const
     out.u32(lastSetting);
 }
 
-std::uint32_t KorvelProfile::read(model::ArchiveReader& in)
+std::uint32_t KorvelProfile::read(ArchiveReader& in)
 {
     const std::uint32_t recordVersion = in.u32();
     readBytes(in, settings2);
@@ -120,7 +117,7 @@ std::uint32_t KorvelProfile::read(model::ArchiveReader& in)
     return recordVersion;
 }
 
-void KorvelProfile::write(model::ArchiveWriter& out) const
+void KorvelProfile::write(ArchiveWriter& out) const
 {
     out.u32(KorvelFormatVersion);
     writeBytes(out, settings2);
@@ -135,4 +132,4 @@ void KorvelProfile::write(model::ArchiveWriter& out) const
     out.u32(setting24);
 }
 
-} // namespace velmora::sync
+} // namespace velmora::model

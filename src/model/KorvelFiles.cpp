@@ -1,12 +1,13 @@
-#include "sync/logic/KorvelFiles.h"
+#include "model/KorvelFiles.h"
 
 #include <algorithm>
+#include <utility>
 
-namespace velmora::sync {
+#include "model/UserDatabase.h"
+
+namespace velmora::model {
 
 namespace {
-
-constexpr std::size_t MaxUserNames = 255;
 
 struct DefaultField
 {
@@ -35,7 +36,7 @@ constexpr const char* CardioExercises[] = {"Running",
                                            "Cross-Country Skiing",
                                            "Ski Machine"};
 
-void readDay(model::ArchiveReader& in, KorvelDay& day, bool withMeasurements)
+void readDay(ArchiveReader& in, KorvelDay& day, bool withMeasurements)
 {
     day.date = readSignedTime(in);
     readDayValues(in, day.values, withMeasurements);
@@ -43,12 +44,54 @@ void readDay(model::ArchiveReader& in, KorvelDay& day, bool withMeasurements)
     day.note = in.text();
 }
 
-void writeDay(model::ArchiveWriter& out, const KorvelDay& day)
+void writeDay(ArchiveWriter& out, const KorvelDay& day)
 {
     writeSignedTime(out, day.date);
     writeDayValues(out, day.values);
     writeWorkouts(out, day.workouts);
     out.text(day.note);
+}
+
+// Reads "korvel.dwb" into s part by part, each taken over whole: the header fields (version to
+// user names), then the definition lists. parts counts the parts read.
+void readShared(ArchiveReader& in, KorvelShared& s, int* parts = nullptr)
+{
+    KorvelShared head;
+    head.version = in.u32();
+    head.header = in.text();
+    for (std::uint32_t& c : head.counters)
+        c = in.u32();
+    head.currentUser = in.u8();
+    const std::size_t names = in.u8();
+    for (std::size_t i = 0; i < names; ++i)
+        head.userNames.push_back(in.text());
+    s.version = head.version;
+    s.header = std::move(head.header);
+    s.counters = head.counters;
+    s.currentUser = head.currentUser;
+    s.userNames = std::move(head.userNames);
+    if (parts)
+        *parts = 1;
+    readDefinitions(in, s.definitions);
+    if (parts)
+        *parts = 2;
+}
+
+// Reads a user's file into u: the profile, then the days, each taken over whole.
+void readUser(ArchiveReader& in, KorvelUser& u, int* parts = nullptr)
+{
+    KorvelProfile profile;
+    const bool withMeasurements = profile.read(in) > KorvelLastVersionWithoutMeasurements;
+    u.profile = profile;
+    if (parts)
+        *parts = 1;
+    const std::size_t minDay = 4 + dayValuesMinSize(withMeasurements) + 4 + 1;
+    std::vector<KorvelDay> days(in.count(minDay));
+    for (KorvelDay& d : days)
+        readDay(in, d, withMeasurements);
+    u.days = std::move(days);
+    if (parts)
+        *parts = 2;
 }
 
 } // namespace
@@ -58,14 +101,14 @@ void KorvelShared::fillDefaultDefinitions()
     if (definitions.fields.empty()) {
         for (const DefaultField& f : DefaultFields) {
             const auto id = static_cast<std::int32_t>(counters[Fields]++);
-            definitions.fields.push_back(model::ExerciseField{id, f.name, f.kind});
+            definitions.fields.push_back(ExerciseField{id, f.name, f.kind});
         }
     }
     if (!definitions.exercises.empty())
         return;
     std::vector<std::int32_t> ids;
     for (const DefaultField& f : DefaultFields)
-        for (const model::ExerciseField& field : definitions.fields)
+        for (const ExerciseField& field : definitions.fields)
             if (field.name == f.name) {
                 ids.push_back(field.id);
                 break;
@@ -77,34 +120,37 @@ void KorvelShared::fillDefaultDefinitions()
     const std::vector<std::int32_t> cardio(ids.begin() + (n > 7 ? n - 7 : 0), ids.end());
     for (const char* name : StrengthExercises)
         definitions.exercises.push_back(
-            model::Exercise{static_cast<std::int32_t>(counters[Exercises]++), name, strength});
+            Exercise{static_cast<std::int32_t>(counters[Exercises]++), name, strength});
     for (const char* name : CardioExercises)
         definitions.exercises.push_back(
-            model::Exercise{static_cast<std::int32_t>(counters[Exercises]++), name, cardio});
+            Exercise{static_cast<std::int32_t>(counters[Exercises]++), name, cardio});
 }
 
-model::Result<KorvelShared> KorvelShared::parse(std::span<const std::uint8_t> bytes,
-                                                const std::string& fileName)
+Result<KorvelShared> KorvelShared::parse(std::span<const std::uint8_t> bytes,
+                                         const std::string& fileName)
 {
-    return model::parseArchive<KorvelShared>(bytes, fileName, [](model::ArchiveReader& in) {
+    return parseArchive<KorvelShared>(bytes, fileName, [](ArchiveReader& in) {
         KorvelShared s;
-        s.version = in.u32();
-        s.header = in.text();
-        for (std::uint32_t& c : s.counters)
-            c = in.u32();
-        s.currentUser = in.u8();
-        const std::size_t names = in.u8();
-        s.userNames.reserve(names);
-        for (std::size_t i = 0; i < names; ++i)
-            s.userNames.push_back(in.text());
-        readDefinitions(in, s.definitions);
+        readShared(in, s);
         return s;
     });
 }
 
+Salvaged<KorvelShared> KorvelShared::salvage(std::span<const std::uint8_t> bytes,
+                                             const std::string& fileName)
+{
+    int parts = 0;
+    auto out =
+        salvageArchive<KorvelShared>(bytes, fileName, [&parts](ArchiveReader& in, KorvelShared& s) {
+            readShared(in, s, &parts);
+        });
+    out.partsRead = parts;
+    return out;
+}
+
 std::vector<std::uint8_t> KorvelShared::serialize() const
 {
-    model::ArchiveWriter out;
+    ArchiveWriter out;
     out.u32(KorvelFormatVersion);
     out.text(header);
     for (std::uint32_t c : counters)
@@ -118,23 +164,29 @@ std::vector<std::uint8_t> KorvelShared::serialize() const
     return out.take();
 }
 
-model::Result<KorvelUser> KorvelUser::parse(std::span<const std::uint8_t> bytes,
-                                            const std::string& fileName)
+Result<KorvelUser> KorvelUser::parse(std::span<const std::uint8_t> bytes,
+                                     const std::string& fileName)
 {
-    return model::parseArchive<KorvelUser>(bytes, fileName, [](model::ArchiveReader& in) {
+    return parseArchive<KorvelUser>(bytes, fileName, [](ArchiveReader& in) {
         KorvelUser u;
-        const bool withMeasurements = u.profile.read(in) > KorvelLastVersionWithoutMeasurements;
-        const std::size_t minDay = 4 + dayValuesMinSize(withMeasurements) + 4 + 1;
-        u.days.resize(in.count(minDay));
-        for (KorvelDay& d : u.days)
-            readDay(in, d, withMeasurements);
+        readUser(in, u);
         return u;
     });
 }
 
+Salvaged<KorvelUser> KorvelUser::salvage(std::span<const std::uint8_t> bytes,
+                                         const std::string& fileName)
+{
+    int parts = 0;
+    auto out = salvageArchive<KorvelUser>(
+        bytes, fileName, [&parts](ArchiveReader& in, KorvelUser& u) { readUser(in, u, &parts); });
+    out.partsRead = parts;
+    return out;
+}
+
 std::vector<std::uint8_t> KorvelUser::serialize() const
 {
-    model::ArchiveWriter out;
+    ArchiveWriter out;
     profile.write(out);
     out.count(days.size());
     for (const KorvelDay& d : days)
@@ -142,4 +194,4 @@ std::vector<std::uint8_t> KorvelUser::serialize() const
     return out.take();
 }
 
-} // namespace velmora::sync
+} // namespace velmora::model

@@ -8,11 +8,11 @@
 
 #include "model/Journal.h"
 #include "model/Result.h"
-#include "sync/logic/HandheldArchive.h"
-#include "sync/logic/HandheldProfiles.h"
-#include "sync/logic/TandryFood.h"
+#include "model/HandheldArchive.h"
+#include "model/HandheldProfiles.h"
+#include "model/TandryFood.h"
 
-namespace velmora::sync {
+namespace velmora::model {
 
 inline constexpr const char* TandrySharedFileName = "tandry.db";
 inline constexpr const char* TandryUserFileExtension = ".db";
@@ -22,10 +22,10 @@ inline constexpr std::uint32_t TandryLastVersionWithoutMeasurements = 373;
 // One day of the diet handheld. File order: date, day values, meals, workouts, note.
 struct TandryDay
 {
-    model::TimeT date = 0; // signed 32-bit in the file
-    model::HealthEntry values;
-    std::vector<model::Meal> meals;
-    std::vector<model::WorkoutEntry> workouts;
+    TimeT date = 0; // signed 32-bit in the file
+    HealthEntry values;
+    std::vector<Meal> meals;
+    std::vector<WorkoutEntry> workouts;
     std::string note;
 };
 
@@ -45,8 +45,13 @@ struct TandryShared
     DefinitionLists definitions;
 
     // Parses a whole file image of any version. Errors carry fileName and the byte offset.
-    static model::Result<TandryShared> parse(std::span<const std::uint8_t> bytes,
-                                             const std::string& fileName);
+    static Result<TandryShared> parse(std::span<const std::uint8_t> bytes,
+                                      const std::string& fileName);
+    // What a damaged file holds whole, and the error that stopped the read: the fields up to the
+    // user names, the foods, the definition lists each (partsRead counts the parts; the four
+    // definition lists are one).
+    static Salvaged<TandryShared> salvage(std::span<const std::uint8_t> bytes,
+                                          const std::string& fileName);
     // Always as the current version; the name count is the list's size, and only the first 255
     // names are written (the count is one byte).
     std::vector<std::uint8_t> serialize() const;
@@ -65,9 +70,12 @@ struct TandryUser
     TandryProfile profile;
     std::vector<TandryDay> days;
 
-    static model::Result<TandryUser> parse(std::span<const std::uint8_t> bytes,
-                                           const std::string& fileName);
+    static Result<TandryUser> parse(std::span<const std::uint8_t> bytes,
+                                    const std::string& fileName);
+    // What a damaged file holds whole: the profile, then the days (partsRead counts them).
+    static Salvaged<TandryUser> salvage(std::span<const std::uint8_t> bytes,
+                                        const std::string& fileName);
     std::vector<std::uint8_t> serialize() const;
 };
 
-} // namespace velmora::sync
+} // namespace velmora::model

@@ -1,14 +1,14 @@
-#include "sync/logic/HandheldArchive.h"
+#include "model/HandheldArchive.h"
 
 #include <limits>
+#include <utility>
 
-namespace velmora::sync {
-
-using model::ArchiveReader;
-using model::ArchiveWriter;
+namespace velmora::model {
 
 namespace {
 
+constexpr std::size_t MinMealSize = 4 + 1 + 4;
+constexpr std::size_t MinWorkoutSize = 4 + 4 + 4 + 1 + 4;
 constexpr std::size_t EntrySize = 4 + 4;
 constexpr std::size_t MinVariableUseSize = 4 + 1 + 4 + 4;
 constexpr std::size_t MinRecordSize = 4 + 4 + 4 + 4;
@@ -34,23 +34,23 @@ void writeIds(ArchiveWriter& out, const std::vector<std::int32_t>& ids)
 
 } // namespace
 
-model::TimeT readSignedTime(ArchiveReader& in)
+TimeT readSignedTime(ArchiveReader& in)
 {
-    return static_cast<model::TimeT>(in.i32());
+    return static_cast<TimeT>(in.i32());
 }
 
-void writeSignedTime(ArchiveWriter& out, model::TimeT t)
+void writeSignedTime(ArchiveWriter& out, TimeT t)
 {
     out.i32(static_cast<std::int32_t>(t));
 }
 
-bool fitsSignedTime(model::TimeT t)
+bool fitsSignedTime(TimeT t)
 {
     return t >= std::numeric_limits<std::int32_t>::min() &&
            t <= std::numeric_limits<std::int32_t>::max();
 }
 
-void readDayValues(ArchiveReader& in, model::HealthEntry& h, bool withMeasurements)
+void readDayValues(ArchiveReader& in, HealthEntry& h, bool withMeasurements)
 {
     h.wakeTime = readSignedTime(in);
     h.height = in.f32();
@@ -69,7 +69,7 @@ void readDayValues(ArchiveReader& in, model::HealthEntry& h, bool withMeasuremen
         for (float& m : h.measurements)
             m = in.f32();
     h.variables.resize(in.count(MinVariableUseSize));
-    for (model::VariableUse& u : h.variables) {
+    for (VariableUse& u : h.variables) {
         u.variable = in.i32();
         u.text = in.text();
         u.number = in.f32();
@@ -77,7 +77,7 @@ void readDayValues(ArchiveReader& in, model::HealthEntry& h, bool withMeasuremen
     }
 }
 
-void writeDayValues(ArchiveWriter& out, const model::HealthEntry& h)
+void writeDayValues(ArchiveWriter& out, const HealthEntry& h)
 {
     writeSignedTime(out, h.wakeTime);
     for (float v : {h.height, h.weight, h.systolic, h.diastolic, h.sleep, h.pulse, h.bodyFat, h.bmi,
@@ -87,7 +87,7 @@ void writeDayValues(ArchiveWriter& out, const model::HealthEntry& h)
     for (float m : h.measurements)
         out.f32(m);
     out.count(h.variables.size());
-    for (const model::VariableUse& u : h.variables) {
+    for (const VariableUse& u : h.variables) {
         out.i32(u.variable);
         out.text(u.text);
         out.f32(u.number);
@@ -95,49 +95,49 @@ void writeDayValues(ArchiveWriter& out, const model::HealthEntry& h)
     }
 }
 
-void readMeals(ArchiveReader& in, std::vector<model::Meal>& meals)
+void readMeals(ArchiveReader& in, std::vector<Meal>& meals)
 {
     meals.resize(in.count(MinMealSize));
-    for (model::Meal& m : meals) {
+    for (Meal& m : meals) {
         m.time = readSignedTime(in);
         m.kind = in.u8();
         m.entries.resize(in.count(EntrySize));
-        for (model::FoodEntry& e : m.entries) {
+        for (FoodEntry& e : m.entries) {
             e.food = in.i32();
             e.amount = in.f32();
         }
     }
 }
 
-void writeMeals(ArchiveWriter& out, const std::vector<model::Meal>& meals)
+void writeMeals(ArchiveWriter& out, const std::vector<Meal>& meals)
 {
     out.count(meals.size());
-    for (const model::Meal& m : meals) {
+    for (const Meal& m : meals) {
         writeSignedTime(out, m.time);
         out.u8(m.kind);
         out.count(m.entries.size());
-        for (const model::FoodEntry& e : m.entries) {
+        for (const FoodEntry& e : m.entries) {
             out.i32(e.food);
             out.f32(e.amount);
         }
     }
 }
 
-void readWorkouts(ArchiveReader& in, std::vector<model::WorkoutEntry>& workouts)
+void readWorkouts(ArchiveReader& in, std::vector<WorkoutEntry>& workouts)
 {
     workouts.resize(in.count(MinWorkoutSize));
-    for (model::WorkoutEntry& w : workouts) {
+    for (WorkoutEntry& w : workouts) {
         w.routine = in.i32();
         w.calories = in.i32();
         w.time = readSignedTime(in);
         w.notes = in.text();
         w.exercises.resize(in.count(MinRecordSize));
-        for (model::ExerciseRecord& r : w.exercises) {
+        for (ExerciseRecord& r : w.exercises) {
             r.exercise = in.i32();
             r.setNumber = in.i32();
             r.time = readSignedTime(in);
             r.values.resize(in.count(MinValueSize));
-            for (model::ExerciseValue& v : r.values) {
+            for (ExerciseValue& v : r.values) {
                 v.field = in.i32();
                 v.value = in.text();
             }
@@ -145,21 +145,21 @@ void readWorkouts(ArchiveReader& in, std::vector<model::WorkoutEntry>& workouts)
     }
 }
 
-void writeWorkouts(ArchiveWriter& out, const std::vector<model::WorkoutEntry>& workouts)
+void writeWorkouts(ArchiveWriter& out, const std::vector<WorkoutEntry>& workouts)
 {
     out.count(workouts.size());
-    for (const model::WorkoutEntry& w : workouts) {
+    for (const WorkoutEntry& w : workouts) {
         out.i32(w.routine);
         out.i32(w.calories);
         writeSignedTime(out, w.time);
         out.text(w.notes);
         out.count(w.exercises.size());
-        for (const model::ExerciseRecord& r : w.exercises) {
+        for (const ExerciseRecord& r : w.exercises) {
             out.i32(r.exercise);
             out.i32(r.setNumber);
             writeSignedTime(out, r.time);
             out.count(r.values.size());
-            for (const model::ExerciseValue& v : r.values) {
+            for (const ExerciseValue& v : r.values) {
                 out.i32(v.field);
                 out.text(v.value);
             }
@@ -169,61 +169,74 @@ void writeWorkouts(ArchiveWriter& out, const std::vector<model::WorkoutEntry>& w
 
 void readDefinitions(ArchiveReader& in, DefinitionLists& d)
 {
-    d.fields.resize(in.count(MinFieldSize));
-    for (model::ExerciseField& f : d.fields) {
-        f.id = in.i32();
-        f.name = in.text();
-        f.kind = in.i32();
+    // Each list is taken over whole, so a salvaging reader keeps only complete lists.
+    {
+        std::vector<ExerciseField> list(in.count(MinFieldSize));
+        for (ExerciseField& f : list) {
+            f.id = in.i32();
+            f.name = in.text();
+            f.kind = in.i32();
+        }
+        d.fields = std::move(list);
     }
-    d.exercises.resize(in.count(MinExerciseSize));
-    for (model::Exercise& e : d.exercises) {
-        e.id = in.i32();
-        e.name = in.text();
-        readIds(in, e.fields);
+    {
+        std::vector<Exercise> list(in.count(MinExerciseSize));
+        for (Exercise& e : list) {
+            e.id = in.i32();
+            e.name = in.text();
+            readIds(in, e.fields);
+        }
+        d.exercises = std::move(list);
     }
-    d.routines.resize(in.count(MinRoutineSize));
-    for (model::Routine& r : d.routines) {
-        r.id = in.i32();
-        r.calories = in.i32();
-        r.name = in.text();
-        readIds(in, r.exercises);
+    {
+        std::vector<Routine> list(in.count(MinRoutineSize));
+        for (Routine& r : list) {
+            r.id = in.i32();
+            r.calories = in.i32();
+            r.name = in.text();
+            readIds(in, r.exercises);
+        }
+        d.routines = std::move(list);
     }
-    d.variables.resize(in.count(MinVariableSize));
-    for (model::UserVariable& v : d.variables) {
-        v.id = in.i32();
-        v.name = in.text();
-        v.number = in.f32();
-        v.text = in.text();
-        v.time = in.time(); // a definition's time is stored as the user database stores it
-        v.askNumber = in.i32();
-        v.askText = in.i32();
-        v.askTime = in.i32();
+    {
+        std::vector<UserVariable> list(in.count(MinVariableSize));
+        for (UserVariable& v : list) {
+            v.id = in.i32();
+            v.name = in.text();
+            v.number = in.f32();
+            v.text = in.text();
+            v.time = in.time(); // a definition's time is stored as the user database stores it
+            v.askNumber = in.i32();
+            v.askText = in.i32();
+            v.askTime = in.i32();
+        }
+        d.variables = std::move(list);
     }
 }
 
 void writeDefinitions(ArchiveWriter& out, const DefinitionLists& d)
 {
     out.count(d.fields.size());
-    for (const model::ExerciseField& f : d.fields) {
+    for (const ExerciseField& f : d.fields) {
         out.i32(f.id);
         out.text(f.name);
         out.i32(f.kind);
     }
     out.count(d.exercises.size());
-    for (const model::Exercise& e : d.exercises) {
+    for (const Exercise& e : d.exercises) {
         out.i32(e.id);
         out.text(e.name);
         writeIds(out, e.fields);
     }
     out.count(d.routines.size());
-    for (const model::Routine& r : d.routines) {
+    for (const Routine& r : d.routines) {
         out.i32(r.id);
         out.i32(r.calories);
         out.text(r.name);
         writeIds(out, r.exercises);
     }
     out.count(d.variables.size());
-    for (const model::UserVariable& v : d.variables) {
+    for (const UserVariable& v : d.variables) {
         out.i32(v.id);
         out.text(v.name);
         out.f32(v.number);
@@ -235,4 +248,4 @@ void writeDefinitions(ArchiveWriter& out, const DefinitionLists& d)
     }
 }
 
-} // namespace velmora::sync
+} // namespace velmora::model

@@ -1,4 +1,4 @@
-#include "TransferBytes.h"
+#include "support/TransferBytes.h"
 
 namespace velmora::test {
 
