@@ -17,7 +17,7 @@ enum class FileKind
     User,       // a user's journal file
     Tandry,     // "tandry.db", the diet handheld's shared transfer file
     TandryUser, // a diet handheld user's file
-    Korvel,     // the workout handheld's "korvel.dwb"
+    Korvel,     // "korvel.dwb", the workout handheld's shared transfer file
     KorvelUser  // a workout handheld user's file
 };
 
