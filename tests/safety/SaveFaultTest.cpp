@@ -89,7 +89,7 @@ TEST(SaveFaults, EveryFailingCallLeavesOldOrNewFilesWholeBackupsAndTheRecordsInM
         sharedBase.customFoods.push_back(std::move(f));
     }
     JournalShape shape;
-    shape.days = 2190; // six years of four meals a day
+    shape.days = 2920; // eight years of four meals a day
     UserJournal journalBase;
     journalBase.days = generatedJournal(foods, shape, 5);
     // As loading leaves them, so that a save writes exactly a round's bytes.
