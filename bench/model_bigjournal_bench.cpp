@@ -24,8 +24,8 @@ struct ThirtyYears
         s.load();
         s.shared.routines.push_back(Routine{1, 250, "Morning", {1}});
         s.journal.days = generatedJournal(s.foods, JournalShape{10950, 5, 8, 1, 1}, 3);
-        s.saveShared(Release::No);
-        s.saveCurrentUser(Release::No);
+        s.saveShared();
+        s.saveCurrentUser();
         fileSize = readBytes(dir / "Example User.db").size();
     }
 };
@@ -72,7 +72,7 @@ void BM_SaveThirtyYears(benchmark::State& state)
     for (auto _ : state) {
         // A changed note each round, so the file is really written (unchanged files are skipped).
         s.journal.days.front().notes[3] = std::to_string(++round);
-        if (!s.saveCurrentUser(Release::No).ok())
+        if (!s.saveCurrentUser().ok())
             state.SkipWithError("the journal could not be saved");
     }
 }

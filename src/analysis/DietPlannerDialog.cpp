@@ -13,6 +13,7 @@
 #include "analysis/logic/DietGoals.h"
 #include "analysis/logic/MeasuredEnergy.h"
 #include "analysis/logic/NumberText.h"
+#include "ui/DateLimits.h"
 #include "ui/Messages.h"
 
 namespace velmora::analysis {
@@ -34,6 +35,7 @@ QDateEdit* dateEdit(const QDate& date, bool metric, QWidget* parent)
 {
     auto* edit = new QDateEdit(date, parent);
     edit->setCalendarPopup(true);
+    ui::limitToStorableDates(edit);
     edit->setDisplayFormat(metric ? QStringLiteral("dd/MM/yyyy") : QStringLiteral("MM/dd/yyyy"));
     return edit;
 }

@@ -24,6 +24,7 @@
 #include "analysis/ExerciseFieldDialog.h"
 #include "analysis/GraphView.h"
 #include "analysis/QtText.h"
+#include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "model/Clock.h"
 #include "model/Store.h"
@@ -55,8 +56,10 @@ GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
     m_from->setObjectName(QStringLiteral("from"));
     m_to = new QDateEdit(today, this);
     m_to->setObjectName(QStringLiteral("to"));
-    for (QDateEdit* edit : {m_from, m_to})
+    for (QDateEdit* edit : {m_from, m_to}) {
         edit->setCalendarPopup(true);
+        ui::limitToStorableDates(edit);
+    }
 
     m_nutrient = new QPushButton(QStringLiteral("Nutrient"), this);
     m_health = new QPushButton(QStringLiteral("Health"), this);

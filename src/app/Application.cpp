@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QSessionManager>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -20,6 +21,7 @@
 
 #include "app/InitialSetupDialog.h"
 #include "app/MainWindow.h"
+#include "app/ShutdownSignals.h"
 #include "app/UserSession.h"
 #include "model/DataLocations.h"
 #include "ui/Messages.h"
@@ -84,7 +86,7 @@ Application::Options Application::parseArguments(const QStringList& arguments)
 }
 
 Application::Paths Application::resolvePaths(const QString& dataDirOption,
-                                             const QString& foodsOption)
+                                             const QString& foodsOption, model::FileSystem& files)
 {
     model::DataSearch search;
     search.dataDirOption = toPath(dataDirOption);
@@ -93,7 +95,7 @@ Application::Paths Application::resolvePaths(const QString& dataDirOption,
     search.perUserDir = toPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
     for (const QString& dir : QStandardPaths::standardLocations(QStandardPaths::AppDataLocation))
         search.installedDirs.push_back(toPath(dir));
-    const model::DataLocations found = model::findDataLocations(search);
+    const model::DataLocations found = model::findDataLocations(search, files);
 
     Paths paths;
     paths.dataDir = fromPath(found.dataDir);
@@ -142,16 +144,33 @@ Application::~Application() = default;
 bool Application::start()
 {
     // The data first: nothing is shown before the store is loaded.
-    m_paths = resolvePaths(m_options.dataDir, m_options.foodsFile);
+    model::FileSystem& files = m_options.files ? *m_options.files : model::realFileSystem();
+    m_paths = resolvePaths(m_options.dataDir, m_options.foodsFile, files);
     m_store.setPaths(toPath(m_paths.foodsToLoad), toPath(m_paths.dataDir));
+    m_store.files().setFileSystem(files);
+    if (!takeFolder())
+        return false;
     m_report = m_store.load();
 
     applyStyle();
     m_window = std::make_unique<MainWindow>(m_store);
-    // Without the food database nothing else was loaded: saving would replace the user's data
-    // with an empty store. (Damaged files are kept as they are by the store itself.)
-    const bool loaded = m_store.loaded();
-    m_window->session().setSavingEnabled(loaded);
+    // A session that cannot save (a read-only folder, files that cannot be written or read, no
+    // food database) remembers what it loaded, refuses edits and says so in the window.
+    m_window->session().rememberLoadedRecords();
+    m_window->updateTitle();
+    if (!m_lockNote.isEmpty())
+        m_window->showStatus(m_lockNote);
+
+    connect(&ShutdownSignals::instance(), &ShutdownSignals::received, this,
+            &Application::endInOrder);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& manager) {
+        if (m_window && !m_window->mayEnd(manager.allowsInteraction()))
+            manager.cancel();
+    });
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] {
+        if (m_window && m_window->isVisible())
+            m_window->mayEnd(false);
+    });
 
     if (m_options.measureStartup) {
         connect(m_window.get(), &MainWindow::firstPainted, this, [this] {
@@ -174,11 +193,62 @@ bool Application::start()
         if (tips.hasTips())
             tips.exec();
     }
-    if (loaded && m_store.shared.userNames.size() < 2) {
+    if (!m_window->session().readOnlySession() && m_store.shared.userNames.size() < 2) {
         InitialSetupDialog setup(m_window->session(), *m_window, m_window.get());
         setup.exec();
     }
     return true;
+}
+
+bool Application::takeFolder()
+{
+    const std::filesystem::path folder = toPath(m_paths.dataDir);
+    // A folder that cannot be written is opened read-only; the store says why.
+    if (!m_store.files().fileSystem().canWrite(folder))
+        return true;
+    const model::FolderLock::Attempt attempt = m_lock.acquire(folder);
+    switch (attempt.outcome) {
+    case model::FolderLock::Outcome::Taken:
+        if (attempt.wasStale)
+            m_lockNote = QStringLiteral("Velmora (process %1) did not end in order last time; its "
+                                        "data folder is taken over.")
+                             .arg(attempt.holder.processId);
+        return true;
+    case model::FolderLock::Outcome::Unavailable:
+        // Some file systems have no locks: the checks before every save still keep another
+        // program's version of a file.
+        m_lockNote = QStringLiteral("The data folder could not be locked (%1).")
+                         .arg(QString::fromStdString(attempt.error.detail));
+        return true;
+    case model::FolderLock::Outcome::HeldByOther:
+        break;
+    }
+    const model::LockHolder& holder = attempt.holder;
+    QString who = holder.processId > 0 ? QStringLiteral("process %1").arg(holder.processId)
+                                       : QStringLiteral("another process");
+    if (!holder.host.empty())
+        who += QStringLiteral(" on %1").arg(QString::fromStdString(holder.host));
+    if (holder.since > 0)
+        who += QStringLiteral(", since %1")
+                   .arg(QLocale().toString(QDateTime::fromSecsSinceEpoch(holder.since),
+                                           QLocale::ShortFormat));
+    const QString text =
+        QStringLiteral("Another Velmora (%1) has the data folder \"%2\" open. Two programs "
+                       "saving the same files would overwrite each other's changes.\n\nOpen "
+                       "the folder read-only, to look at the data without changing it?")
+            .arg(who, QDir::toNativeSeparators(m_paths.dataDir));
+    if (!ui::askYesNoText(nullptr, text))
+        return false;
+    m_store.files().setReadOnly(
+        QStringLiteral("another Velmora (%1) has the data folder open").arg(who).toStdString());
+    return true;
+}
+
+void Application::endInOrder()
+{
+    // Closing saves, and asks before losing anything when the save fails.
+    if (!m_window || m_window->close())
+        QCoreApplication::quit();
 }
 
 void Application::reportLoadProblems()
@@ -210,7 +280,7 @@ void Application::reportLoadProblems()
     }
     if (restored)
         m_window->refreshAllPages();
-    if (!m_report.damaged.empty())
+    if (!m_report.damaged.empty() && !m_window->session().readOnlySession())
         m_window->notifyChanged(ui::Change::Everything); // write the recovered data back soon
 }
 
@@ -225,28 +295,29 @@ bool Application::offerRestore(const model::Store::DamagedFile& damaged)
         ui::showMessageText(parent, text);
         return false;
     }
+    if (!damaged.kept.empty())
+        text += QString::fromStdString(damaged.kept) + QStringLiteral(". ");
     text += QStringLiteral("The damaged file is kept as \"%1\"; nothing of it is deleted. "
-                           "Velmora goes on with the parts it could read completely.")
+                           "Velmora goes on with every record it could read completely.")
                 .arg(QDir::toNativeSeparators(QString::fromStdString(damaged.movedTo.string())));
     if (damaged.kind == model::Store::DamagedFile::Kind::Foods || damaged.backup.empty()) {
         ui::showMessageText(parent, text);
         return false;
     }
-    const QDateTime when =
-        QFileInfo(QString::fromStdString(damaged.backup.string())).lastModified();
-    text += QStringLiteral("\n\nA backup saved on %1 reads completely. Restore it now?")
-                .arg(QLocale().toString(when, QLocale::LongFormat));
+    const QString backup = QString::fromStdString(damaged.backup.string());
+    text += QStringLiteral("\n\nThe last backup, saved on %1, reads completely. It is kept as "
+                           "\"%2\" and no save replaces it. Restore it now?")
+                .arg(QLocale().toString(QFileInfo(backup).lastModified(), QLocale::LongFormat),
+                     QDir::toNativeSeparators(backup));
     if (!ui::askYesNoText(parent, text))
         return false;
-    const model::Status status = damaged.kind == model::Store::DamagedFile::Kind::Shared
-                                     ? m_store.restoreSharedBackup()
-                                     : m_store.restoreUserBackup();
+    const model::Status status = m_store.restoreBackup(damaged);
     if (!status.ok()) {
         ui::showMessageText(parent, QStringLiteral("The backup could not be restored.\n\n") +
                                         QString::fromStdString(status.error().message()));
         return false;
     }
-    m_window->session().setSavingEnabled(m_store.loaded());
+    m_window->session().rememberLoadedRecords();
     return true;
 }
 

@@ -5,11 +5,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include "app/LeftForm.h"
 #include "app/OptionsDialog.h"
@@ -52,7 +54,20 @@ MainWindow::MainWindow(model::Store& store, QWidget* parent)
     splitter->addWidget(m_host);
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
-    setCentralWidget(splitter);
+    auto* central = new QWidget(this);
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_readOnlyBar = new QLabel(central);
+    m_readOnlyBar->setObjectName(QStringLiteral("readOnlyBar"));
+    m_readOnlyBar->setWordWrap(true);
+    m_readOnlyBar->setMargin(8);
+    m_readOnlyBar->setStyleSheet(
+        QStringLiteral("background: #fff4d6; color: #5a4300; border-bottom: 1px solid #e0c36a;"));
+    m_readOnlyBar->hide();
+    column->addWidget(m_readOnlyBar);
+    column->addWidget(splitter, 1);
+    setCentralWidget(central);
 
     m_saveTimer = new QTimer(this);
     m_saveTimer->setSingleShot(true);
@@ -227,8 +242,13 @@ void MainWindow::showPage(ui::PageId page)
 void MainWindow::updateTitle()
 {
     const QString user = ui::toQt(m_store.currentUserName());
-    setWindowTitle(user.isEmpty() ? QStringLiteral("Velmora")
-                                  : user + QStringLiteral(" - Velmora"));
+    const bool readOnly = m_session->readOnlySession();
+    setWindowTitle(
+        (user.isEmpty() ? QStringLiteral("Velmora") : user + QStringLiteral(" - Velmora")) +
+        (readOnly ? QStringLiteral(" (read-only)") : QString()));
+    m_readOnlyBar->setText(QStringLiteral("Read-only: %1. Nothing you change can be saved.")
+                               .arg(m_session->readOnlyReason()));
+    m_readOnlyBar->setVisible(readOnly);
 }
 
 void MainWindow::refreshAllPages()
@@ -239,6 +259,10 @@ void MainWindow::refreshAllPages()
 
 void MainWindow::notifyChanged(ui::Change what)
 {
+    if (m_session->readOnlySession()) {
+        refuseEdit();
+        return;
+    }
     emit dataChanged(what);
     // Restarting the pause on every change could put the save off for ever; once changes have
     // waited for the longest allowed time the pending save is left to run.
@@ -257,12 +281,57 @@ void MainWindow::saveNow()
 bool MainWindow::saveChanges(bool quiet)
 {
     m_saveTimer->stop();
-    if (!m_session->savingEnabled())
+    if (m_session->readOnlySession())
         return true;
     m_host->storeCurrent();
     if (!m_store.hasUnsavedChanges())
         return true;
-    return m_session->save(model::Release::No, quiet);
+    return m_session->save(quiet);
+}
+
+void MainWindow::refuseEdit()
+{
+    if (m_refusing)
+        return; // one edit may send several notices
+    m_refusing = true;
+    ui::showMessageText(this, QStringLiteral("Velmora is open read-only: %1.\n\nThe change is "
+                                             "not kept.")
+                                  .arg(m_session->readOnlyReason()));
+    QTimer::singleShot(0, this, &MainWindow::undoRefusedEdit);
+}
+
+void MainWindow::undoRefusedEdit()
+{
+    // A dialog may hold places in the records: they are put back once it has closed.
+    if (QApplication::activeModalWidget()) {
+        QTimer::singleShot(100, this, &MainWindow::undoRefusedEdit);
+        return;
+    }
+    m_session->restoreLoadedRecords();
+    m_refusing = false;
+    refreshAllPages();
+}
+
+bool MainWindow::mayEnd(bool mayAsk)
+{
+    m_saveTimer->stop();
+    m_host->storeCurrent();
+    if (m_session->readOnlySession()) {
+        if (!m_session->differsFromLoaded() || !mayAsk)
+            return true;
+        return ui::askYesNoText(
+            this, QStringLiteral("Velmora is open read-only: %1.\n\nWhat was entered on the page "
+                                 "cannot be saved.  Close Velmora anyway and lose it?")
+                      .arg(m_session->readOnlyReason()));
+    }
+    if (m_session->save(!mayAsk) || !m_store.hasUnsavedChanges() || !mayAsk)
+        return true;
+    // Everything is still in memory: closing now would lose what could not be written.
+    return ui::askYesNoText(this, QStringLiteral("Your data could not be saved (see the message "
+                                                 "before).\n\n") +
+                                      m_session->lossText() +
+                                      QStringLiteral("\n\nClose Velmora anyway and lose these "
+                                                     "changes?"));
 }
 
 void MainWindow::showStatus(const QString& text)
@@ -309,18 +378,9 @@ void MainWindow::about()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (!m_closed) {
-        m_saveTimer->stop();
-        m_host->storeCurrent();
-        if (m_session->savingEnabled() && !m_session->save(model::Release::Yes)) {
-            // The records are still in memory: closing now would lose what could not be written.
-            const bool quit = ui::askYesNoText(
-                this, QStringLiteral("Your data could not be saved (see the message before).\n\n"
-                                     "Close Velmora anyway and lose the changes since the last "
-                                     "successful save?"));
-            if (!quit) {
-                event->ignore();
-                return;
-            }
+        if (!mayEnd()) {
+            event->ignore();
+            return;
         }
         m_closed = true;
         m_periodicSave->stop();

@@ -9,6 +9,7 @@
 #include "ui/PageId.h"
 
 class QAction;
+class QLabel;
 class QTimer;
 
 namespace velmora::app {
@@ -40,7 +41,8 @@ public:
 
     // Shows a page and selects its navigation button.
     void showPage(ui::PageId page);
-    // The window title from the current user, e.g. "Example User - Velmora".
+    // The window title from the current user, e.g. "Example User - Velmora", with "(read-only)"
+    // and the bar at the top while the session is read-only.
     void updateTitle();
 
     // Tool-bar and menu commands.
@@ -52,6 +54,10 @@ public:
 
     // Saves at once what a change notice scheduled (also used before the window closes).
     void saveNow();
+    // Before the program ends: stores the page and saves. When that fails, or a read-only session
+    // holds values stored from the page, asks (if it may) whether to end anyway, saying what is
+    // lost and where the last saved files are. True when the program may end.
+    bool mayEnd(bool mayAsk = true);
 
 signals:
     // After every edit, with what it changed; a save follows shortly.
@@ -75,10 +81,15 @@ private:
     // Saves what changed: the current page stores its values first. Returns false when a file
     // could not be written.
     bool saveChanges(bool quiet);
+    // An edit in a read-only session: said once, and undone once no dialog is open.
+    void refuseEdit();
+    void undoRefusedEdit();
 
     QTimer* m_saveTimer = nullptr;    // a quiet save shortly after the last change
     QTimer* m_periodicSave = nullptr; // and at least every two minutes while anything is unsaved
     QElapsedTimer m_unsavedSince;     // running while a scheduled save is pending
+    QLabel* m_readOnlyBar = nullptr;
+    bool m_refusing = false; // an edit was refused and is not yet undone
     bool m_painted = false;
     bool m_closed = false;
 };

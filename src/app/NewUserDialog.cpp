@@ -28,7 +28,6 @@ NewUserDialog::NewUserDialog(const UserSession& session, QWidget* parent)
     layout->addWidget(prompt);
     m_edit = new QLineEdit(this);
     m_edit->setObjectName(QStringLiteral("userName"));
-    m_edit->setMaxLength(100);
     prompt->setBuddy(m_edit);
     layout->addWidget(m_edit);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

@@ -5,6 +5,10 @@
 #include <filesystem>
 #include <system_error>
 
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+#include <QStringList>
 #include <QWidget>
 
 #include "ui/AppContext.h"
@@ -39,8 +43,12 @@ UserSession::UserSession(model::Store& store, ui::AppContext& context)
 
 QString UserSession::newNameProblem(const QString& typed) const
 {
+    // As typed first, so that a letter the files cannot hold is named as such rather than
+    // stored as '?' and refused for that; then as the stored name and the file name it becomes.
+    model::NameProblem problem = model::checkTypedUserName(typed.toStdString());
     const std::string name = model::capitaliseFirst(ui::fromQt(typed));
-    const model::NameProblem problem = model::checkUserName(name);
+    if (problem == model::NameProblem::None)
+        problem = model::checkUserName(name);
     if (problem != model::NameProblem::None)
         return QString::fromStdString(model::nameProblemText(problem));
     for (const std::string& existing : m_store.shared.userNames) {
@@ -89,19 +97,26 @@ bool UserSession::switchTo(int k)
     if (k < 0 || k >= static_cast<int>(m_store.shared.userNames.size()) ||
         k == m_store.shared.currentUser)
         return false;
-    if (m_savingEnabled) {
-        const bool sharedSaved = saveShared(model::Release::No, false);
-        // The journal in memory is released below; when it could not be written, stay with it.
-        // (A journal that was never read, because its file is unreadable or its name unsafe, has
-        // nothing to keep.)
-        if (!saveJournal(model::Release::Yes, false) && !m_store.userFileProtected())
+    if (!readOnlySession()) {
+        const bool sharedSaved = saveShared(false);
+        // The journal in memory is replaced below; when it could not be written, stay with it.
+        if (!saveJournal(false))
             return false;
+        reportKeptVersions();
         if (sharedSaved)
             ++m_saveCount;
     }
     model::FileError error;
-    if (!model::switchUser(m_store, static_cast<std::size_t>(k), &error) && !error.file.empty())
-        ui::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
+    if (!model::switchUser(m_store, static_cast<std::size_t>(k), &error) && !error.file.empty()) {
+        QString text = QString::fromStdString(error.message());
+        if (const auto& damage = m_store.lastUserDamage(); damage && !damage->kept.empty())
+            text += QStringLiteral("\n\n%1.").arg(QString::fromStdString(damage->kept));
+        if (const auto& damage = m_store.lastUserDamage(); damage && !damage->backup.empty())
+            text += QStringLiteral("\n\nIts last backup is kept as \"%1\".")
+                        .arg(QString::fromStdString(damage->backup.string()));
+        ui::showMessageText(m_context.mainWindow(), text);
+    }
+    rememberLoadedRecords();
     m_context.refreshAllPages();
     return true;
 }
@@ -111,22 +126,29 @@ void UserSession::deleteUser(int k)
     auto& names = m_store.shared.userNames;
     if (k < 0 || k >= static_cast<int>(names.size()))
         return;
+    if (readOnlySession()) {
+        ui::showMessageText(m_context.mainWindow(),
+                            QStringLiteral("Velmora is open read-only, so no user can be deleted: "
+                                           "%1.")
+                                .arg(readOnlyReason()));
+        return;
+    }
     // The journal in memory is replaced by the first user's below; keep another user's edits.
-    if (m_savingEnabled && k != m_store.shared.currentUser)
-        saveJournal(model::Release::No, false);
+    if (k != m_store.shared.currentUser)
+        saveJournal(false);
     model::FileError error;
     model::deleteUser(m_store, static_cast<std::size_t>(k), &error);
     if (!error.file.empty())
         ui::showMessageText(m_context.mainWindow(), QString::fromStdString(error.message()));
+    rememberLoadedRecords();
     m_context.refreshAllPages();
 }
 
-bool UserSession::save(model::Release release, bool quiet)
+bool UserSession::save(bool quiet)
 {
-    if (!m_savingEnabled)
-        return false;
-    const bool shared = saveShared(release, quiet);
-    const bool journal = saveJournal(release, quiet) || m_store.userFileProtected();
+    const bool shared = saveShared(quiet);
+    const bool journal = saveJournal(quiet);
+    reportKeptVersions();
     if (shared && journal) {
         ++m_saveCount;
         m_failureShown = false;
@@ -134,24 +156,110 @@ bool UserSession::save(model::Release release, bool quiet)
     return shared && journal;
 }
 
-bool UserSession::saveShared(model::Release release, bool quiet)
+bool UserSession::saveShared(bool quiet)
 {
-    const model::Status status = m_store.saveShared(release);
+    const model::Status status = m_store.saveShared();
     if (status.ok())
         return true;
     reportSaveFailure(status.error(), quiet);
     return false;
 }
 
-bool UserSession::saveJournal(model::Release release, bool quiet)
+bool UserSession::saveJournal(bool quiet)
 {
-    if (m_store.userFileProtected())
-        return false; // reported when it was loaded; its file is left alone
-    const model::Status status = m_store.saveCurrentUser(release);
+    const model::Status status = m_store.saveCurrentUser();
     if (status.ok())
         return true;
     reportSaveFailure(status.error(), quiet);
     return false;
+}
+
+void UserSession::reportKeptVersions()
+{
+    for (const model::KeptVersion& kept : m_store.files().takeKeptVersions()) {
+        ui::showMessageText(
+            m_context.mainWindow(),
+            QStringLiteral("Another program changed \"%1\" since Velmora read it.\n\nThat version "
+                           "is kept beside it as \"%2\", and Velmora saved its own.")
+                .arg(QString::fromStdString(kept.file.filename().string()),
+                     QString::fromStdString(kept.keptAs.string())));
+    }
+}
+
+QString UserSession::lossText() const
+{
+    const model::UnsavedChanges lost = m_store.files().unsavedChanges();
+    QStringList parts;
+    if (!lost.shared.empty()) {
+        QStringList lists;
+        for (const std::string& list : lost.shared)
+            lists.append(QString::fromStdString(list));
+        parts.append(QStringLiteral("changes to the %1 (velmora.db)")
+                         .arg(QLocale().createSeparatedList(lists)));
+    }
+    const QString user = ui::toQt(m_store.currentUserName());
+    const auto userFile = m_store.userFilePath(m_store.shared.currentUser);
+    const QString journal =
+        userFile ? QString::fromStdString(userFile->filename().string()) : QString();
+    if (lost.days > 0)
+        parts.append(QStringLiteral("%1 of %2's journal (%3)")
+                         .arg(lost.days == 1 ? QStringLiteral("1 day")
+                                             : QStringLiteral("%1 days").arg(lost.days),
+                              user, journal));
+    if (lost.profile)
+        parts.append(QStringLiteral("%1's settings and goals (%2)").arg(user, journal));
+    QString text = QStringLiteral("If Velmora closes now, these are lost: %1.")
+                       .arg(QLocale().createSeparatedList(parts));
+
+    QStringList files;
+    std::vector<std::filesystem::path> paths{m_store.sharedPath()};
+    if (userFile)
+        paths.push_back(*userFile);
+    for (const std::filesystem::path& path : paths) {
+        const QFileInfo info(QString::fromStdString(path.string()));
+        files.append(info.exists()
+                         ? QStringLiteral("%1 (saved %2)")
+                               .arg(info.fileName(),
+                                    QLocale().toString(info.lastModified(), QLocale::ShortFormat))
+                         : QStringLiteral("%1 (never saved)").arg(info.fileName()));
+    }
+    text += QStringLiteral("\n\nThe last saved files are as they were, each with its backup "
+                           "(.bak), in \"%1\": %2.")
+                .arg(QDir::toNativeSeparators(QString::fromStdString(m_store.dataDir().string())),
+                     files.join(QStringLiteral(", ")));
+    return text;
+}
+
+std::optional<model::WriteRefusal> UserSession::readOnly() const
+{
+    return m_store.writeRefusal();
+}
+
+void UserSession::rememberLoadedRecords()
+{
+    if (const auto refusal = readOnly())
+        m_loaded = Records{m_store.shared, m_store.journal, refusal->reason};
+    else
+        m_loaded.reset();
+}
+
+QString UserSession::readOnlyReason() const
+{
+    return m_loaded ? QString::fromStdString(m_loaded->reason) : QString();
+}
+
+bool UserSession::differsFromLoaded() const
+{
+    return m_loaded && (m_loaded->shared.serialize() != m_store.shared.serialize() ||
+                        m_loaded->journal.serialize() != m_store.journal.serialize());
+}
+
+void UserSession::restoreLoadedRecords()
+{
+    if (!m_loaded)
+        return;
+    m_store.shared = m_loaded->shared;
+    m_store.journal = m_loaded->journal;
 }
 
 void UserSession::reportSaveFailure(const model::FileError& error, bool quiet)

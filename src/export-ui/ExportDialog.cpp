@@ -22,6 +22,7 @@
 #include "export-ui/PathField.h"
 #include "model/Store.h"
 #include "ui/AppContext.h"
+#include "ui/DateLimits.h"
 #include "ui/Messages.h"
 #include "ui/QtText.h"
 #include "ui/SettingsKeys.h"
@@ -148,6 +149,7 @@ ExportDialog::ExportDialog(ui::AppContext& context, QWidget* parent)
     for (QDateEdit* edit : {m_from, m_to}) {
         edit->setDisplayFormat(format);
         edit->setCalendarPopup(true);
+        ui::limitToStorableDates(edit);
         edit->setEnabled(false);
     }
     auto* daysLayout = new QGridLayout(days);

@@ -20,6 +20,7 @@
 #include <QTimeEdit>
 #include <QVBoxLayout>
 
+#include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "fitness/DefineActivityDialog.h"
 #include "fitness/DefinitionNames.h"
@@ -81,6 +82,7 @@ DoRoutineDialog::DoRoutineDialog(ui::AppContext& context, model::WorkoutEntry wo
     m_date = new QDateEdit(when.date(), this);
     m_date->setObjectName(QStringLiteral("workoutDate"));
     m_date->setCalendarPopup(true);
+    ui::limitToStorableDates(m_date);
     m_date->setDisplayFormat(dateFormat(metric));
     m_time = new QTimeEdit(when.time(), this);
     m_time->setObjectName(QStringLiteral("workoutTime"));

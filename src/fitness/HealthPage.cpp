@@ -21,6 +21,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "fitness/DefineVariableDialog.h"
 #include "fitness/FitnessText.h"
@@ -65,6 +66,7 @@ HealthPage::HealthPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
     m_date = new QDateEdit(QDate::currentDate(), this);
     m_date->setObjectName(QStringLiteral("healthDate"));
     m_date->setCalendarPopup(true);
+    ui::limitToStorableDates(m_date);
     m_previous = new QListWidget(this);
     m_previous->setObjectName(QStringLiteral("previousEntries"));
     m_previous->setMinimumWidth(110);

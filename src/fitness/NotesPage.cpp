@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "fitness/FitnessText.h"
 #include "fitness/logic/FitnessEdits.h"
@@ -27,6 +28,7 @@ NotesPage::NotesPage(ui::AppContext& context, QWidget* parent) : ui::Page(contex
     m_date = new QDateEdit(QDate::currentDate(), this);
     m_date->setObjectName(QStringLiteral("notesDate"));
     m_date->setCalendarPopup(true);
+    ui::limitToStorableDates(m_date);
     m_category = new QComboBox(this);
     m_category->setObjectName(QStringLiteral("noteCategory"));
     for (const char* name : model::NoteCategoryNames)

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "ui/QtText.h"
 #include "food/logic/MealEditing.h"
@@ -23,6 +24,7 @@ CopyMealDialog::CopyMealDialog(ui::AppContext& context, const model::CalendarDat
     setWindowTitle(wholeDay ? tr("Copy Day From") : tr("Copy Meal From"));
     m_date = new QDateEdit(QDate(date.year, date.month, date.day), this);
     m_date->setCalendarPopup(true);
+    ui::limitToStorableDates(m_date);
     // The program's own date text, as on the food page: day first in metric mode.
     m_date->setDisplayFormat(context.store().journal.user.isMetric() ? QStringLiteral("d/M/yyyy")
                                                                      : QStringLiteral("M/d/yyyy"));

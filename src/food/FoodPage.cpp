@@ -13,6 +13,7 @@
 #include <QTimeEdit>
 #include <QVBoxLayout>
 
+#include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "food/ConfigureDisplaysDialog.h"
 #include "food/CopyMealDialog.h"
@@ -56,6 +57,7 @@ FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context,
         m_meals->addItem(QString::fromLatin1(model::MealNames[static_cast<std::size_t>(k)]), k);
     m_date = new QDateEdit(QDateTime::fromSecsSinceEpoch(model::now()).date(), this);
     m_date->setCalendarPopup(true);
+    ui::limitToStorableDates(m_date);
     m_time = new QTimeEdit(QTime(8, 0), this);
 
     m_mealList = new QListWidget(this);

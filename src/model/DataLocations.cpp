@@ -6,6 +6,8 @@
 #include <fstream>
 #include <string>
 
+#include "model/FileSystem.h"
+
 namespace velmora::model {
 
 namespace fs = std::filesystem;
@@ -28,11 +30,11 @@ fs::path clean(const fs::path& p)
     return out;
 }
 
-bool folderWritable(const fs::path& dir)
+bool folderWritable(const fs::path& dir, FileSystem& files)
 {
     std::error_code ec;
     fs::create_directories(dir, ec);
-    if (!fs::is_directory(dir, ec))
+    if (!fs::is_directory(dir, ec) || !files.canWrite(dir))
         return false;
     const auto stamp = std::chrono::steady_clock::now().time_since_epoch().count();
     const fs::path probe = dir / (".velmora-" + std::to_string(stamp));
@@ -49,6 +51,13 @@ bool isFile(const fs::path& p)
 {
     std::error_code ec;
     return fs::is_regular_file(p, ec);
+}
+
+// A folder with users in it: "velmora.db" or its backup.
+bool holdsUserData(const fs::path& dir)
+{
+    std::error_code ec;
+    return fs::exists(dir / "velmora.db", ec) || fs::exists(dir / "velmora.db.bak", ec);
 }
 
 fs::path environmentPath(const char* name)
@@ -73,7 +82,7 @@ fs::path installedShareDir(const fs::path& programDir)
     return clean(programDir / ".." / "share" / "velmora");
 }
 
-DataLocations findDataLocations(const DataSearch& search)
+DataLocations findDataLocations(const DataSearch& search, FileSystem& files)
 {
     DataLocations out;
     // The program's folder holds the data only in a portable or build layout (foods.db or
@@ -85,7 +94,11 @@ DataLocations findDataLocations(const DataSearch& search)
                             : portable                    ? search.programDir
                                                           : search.perUserDir;
     out.dataDir = clean(chosen);
-    if (!folderWritable(out.dataDir)) {
+    // A folder named with --data-dir is the one used, and so is a program's folder that holds
+    // user data: when it cannot be written the program opens it read-only and says so, rather
+    // than showing another folder's users in its place.
+    const bool named = !search.dataDirOption.empty();
+    if (!folderWritable(out.dataDir, files) && !named && !holdsUserData(out.dataDir)) {
         std::error_code ec;
         fs::create_directories(search.perUserDir, ec);
         out.dataDir = clean(search.perUserDir);

@@ -29,7 +29,7 @@ template <class Record, std::string (*Json)(const Record&)> struct Row
                                                        const std::string& fileName)
     {
         auto read = Record::salvage(bytes, fileName);
-        return {read.value.serialize(), read.error, read.complete, read.partsRead};
+        return {read.value.serialize(), read.error, read.complete, read.partsRead, read.lists};
     }
 
     static Result<std::string> json(std::span<const std::uint8_t> bytes,

@@ -1,5 +1,7 @@
 #include "model/FileStamp.h"
 
+#include "model/SafeFile.h"
+
 #include <string>
 #include <vector>
 
@@ -8,44 +10,6 @@ namespace velmora::model {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::size_t ChunkSize = 64 * 1024;
-
-// The whole file through the given file system; the handle is closed on every path.
-Result<std::vector<std::uint8_t>> readAll(FileSystem& files, const fs::path& path)
-{
-    auto opened = files.openRead(path);
-    if (!opened)
-        return opened.error();
-    std::vector<std::uint8_t> bytes;
-    std::vector<std::uint8_t> buffer(ChunkSize);
-    for (;;) {
-        auto got = files.read(opened.value(), buffer);
-        if (!got) {
-            (void)files.close(opened.value());
-            return FileError{FileErrorCode::CannotOpen, path.string(), 0, got.error().detail};
-        }
-        if (got.value() == 0)
-            break;
-        bytes.insert(bytes.end(), buffer.begin(),
-                     buffer.begin() + static_cast<std::ptrdiff_t>(got.value()));
-    }
-    (void)files.close(opened.value());
-    return bytes;
-}
-
-std::string localStamp(std::time_t now)
-{
-    std::tm fields{};
-#if defined(_WIN32)
-    localtime_s(&fields, &now);
-#else
-    localtime_r(&now, &fields);
-#endif
-    char text[32];
-    std::strftime(text, sizeof text, "%Y%m%d-%H%M%S", &fields);
-    return text;
-}
 
 // Creates copy with bytes, synced; removes it again on failure.
 Status writeCopy(FileSystem& files, const fs::path& copy, const std::vector<std::uint8_t>& bytes,
@@ -102,7 +66,7 @@ Result<DiskChange> changeSince(const fs::path& path, const FileStamp& stamp, Fil
     if (facts.value().size != stamp.size)
         return DiskChange::Changed;
     // Same size: only the bytes tell, since a time can be kept or set back by whoever wrote.
-    auto bytes = readAll(files, path);
+    auto bytes = readWholeFile(path, files);
     if (!bytes)
         return bytes.error();
     return bytes.value().size() == stamp.size && contentHash(bytes.value()) == stamp.hash
@@ -115,10 +79,10 @@ Result<fs::path> keepOtherVersion(const fs::path& path, std::time_t now, FileSys
     auto facts = files.facts(path);
     if (!facts)
         return facts.error();
-    auto bytes = readAll(files, path);
+    auto bytes = readWholeFile(path, files);
     if (!bytes)
         return bytes.error();
-    const std::string base = path.filename().string() + ".conflict-" + localStamp(now);
+    const std::string base = path.filename().string() + ".conflict-" + localTimeStamp(now);
     for (int n = 1;; ++n) {
         const fs::path copy = path.parent_path() / (n == 1 ? base : base + "-" + std::to_string(n));
         auto created = files.createNew(copy, facts.value().mode);

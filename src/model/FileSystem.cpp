@@ -82,6 +82,22 @@ public:
         return f;
     }
 
+    Status canWrite(const fs::path& path) override
+    {
+        const DWORD attributes = ::GetFileAttributesW(path.wstring().c_str());
+        if (attributes == INVALID_FILE_ATTRIBUTES) {
+            const DWORD err = ::GetLastError();
+            return osError(err == ERROR_FILE_NOT_FOUND || err == ERROR_PATH_NOT_FOUND
+                               ? FileErrorCode::NotFound
+                               : FileErrorCode::CannotWrite,
+                           path, std::system_category().message(static_cast<int>(err)));
+        }
+        // The read-only attribute of a folder says nothing about its files.
+        if ((attributes & FILE_ATTRIBUTE_READONLY) && !(attributes & FILE_ATTRIBUTE_DIRECTORY))
+            return osError(FileErrorCode::CannotWrite, path, "the file is marked read-only");
+        return Status::success();
+    }
+
     Result<FileHandle> openRead(const fs::path& path) override
     {
         HANDLE h = ::CreateFileW(path.wstring().c_str(), GENERIC_READ,
@@ -232,6 +248,14 @@ public:
         f.owner = static_cast<std::int64_t>(st.st_uid);
         f.group = static_cast<std::int64_t>(st.st_gid);
         return f;
+    }
+
+    Status canWrite(const fs::path& path) override
+    {
+        if (::access(path.c_str(), W_OK) == 0)
+            return Status::success();
+        return osError(errno == ENOENT ? FileErrorCode::NotFound : FileErrorCode::CannotWrite, path,
+                       errnoText(errno));
     }
 
     Result<FileHandle> openRead(const fs::path& path) override

@@ -38,6 +38,10 @@ public:
     virtual Result<std::filesystem::path> resolveLinks(const std::filesystem::path& path) = 0;
     // Size, time, mode and owner of a file (links followed); NotFound when there is none.
     virtual Result<FileFacts> facts(const std::filesystem::path& path) = 0;
+    // Whether this program may change the file at path, or make files in the folder at path, as
+    // the operating system tells it (permissions, a file system mounted read-only); NotFound when
+    // nothing is there, CannotWrite with the reason when it may not.
+    virtual Status canWrite(const std::filesystem::path& path) = 0;
 
     virtual Result<FileHandle> openRead(const std::filesystem::path& path) = 0;
     // Creates a file that must not exist yet, open for writing, with the permission bits given.

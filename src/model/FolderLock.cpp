@@ -302,6 +302,27 @@ std::optional<LockHolder> FolderLock::holderOf(const fs::path& folder)
     return holder;
 }
 
+std::string FolderLock::holderText(const LockHolder& holder)
+{
+    std::string text = holder.processId > 0 ? "process " + std::to_string(holder.processId)
+                                            : std::string("another process");
+    if (!holder.host.empty())
+        text += " on " + holder.host;
+    if (holder.since > 0) {
+        const std::time_t since = static_cast<std::time_t>(holder.since);
+        std::tm fields{};
+#if defined(_WIN32)
+        localtime_s(&fields, &since);
+#else
+        localtime_r(&since, &fields);
+#endif
+        char when[32];
+        std::strftime(when, sizeof when, "%Y-%m-%d %H:%M", &fields);
+        text += std::string(", since ") + when;
+    }
+    return text;
+}
+
 std::string FolderLock::describe(const LockHolder& holder)
 {
     if (holder.processId == 0)

@@ -60,6 +60,9 @@ public:
     // Who holds folder now; nullopt when nobody does (no lock file, or its lock is free).
     static std::optional<LockHolder> holderOf(const std::filesystem::path& folder);
 
+    // "process 1234 on host, since 2026-11-22 17:05" (local time), for messages.
+    static std::string holderText(const LockHolder& holder);
+
     // The lock file's text for a holder, and the holder a text names (nullopt for an empty or
     // foreign text).
     static std::string describe(const LockHolder& holder);

@@ -51,4 +51,31 @@ std::string FileError::message() const
     return text;
 }
 
+std::string keptText(const std::vector<ListKept>& lists)
+{
+    std::string kept;
+    std::vector<std::string> unread;
+    for (const ListKept& l : lists) {
+        if (!l.inFile) {
+            unread.push_back(l.list);
+            continue;
+        }
+        if (!kept.empty())
+            kept += ", ";
+        kept += std::to_string(l.kept) + " of " + std::to_string(*l.inFile) + " " + l.list;
+    }
+    std::string text = kept.empty() ? std::string() : kept + " kept";
+    if (unread.empty())
+        return text;
+    std::string names;
+    for (std::size_t i = 0; i < unread.size(); ++i) {
+        if (i > 0)
+            names += i + 1 == unread.size() ? " and " : ", ";
+        names += unread[i];
+    }
+    if (!text.empty())
+        text += "; ";
+    return text + "the " + names + " could not be read";
+}
+
 } // namespace velmora::model

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace velmora::model {
 
@@ -71,7 +74,16 @@ private:
     bool m_failed = false;
 };
 
-// What a reader could take from a damaged file: the parts it read completely, and the error
+// How much of one list of a damaged file was read.
+struct ListKept
+{
+    std::string list;                  // what the records are, plural: "days", "custom foods"
+    std::size_t kept = 0;              // the complete records read, all of them kept
+    std::optional<std::size_t> inFile; // the count the file gives; nothing when reading stopped
+                                       // before the count (the list could not be read at all)
+};
+
+// What a reader could take from a damaged file: every record it read completely, and the error
 // that stopped it (complete is true when nothing was wrong).
 template <class T> struct Salvaged
 {
@@ -79,6 +91,12 @@ template <class T> struct Salvaged
     FileError error;
     bool complete = true;
     int partsRead = 0; // how many of the file's parts were read whole, where a reader counts them
+    std::vector<ListKept> lists; // the file's lists in file order, where a reader counts them
 };
+
+// What a salvage kept, for a message or a terminal: "9 of 10 days kept", or "2 of 2 users, 12 of
+// 15 custom foods kept; the exercise fields, exercises, routines and variables could not be read".
+// Empty when there are no lists.
+std::string keptText(const std::vector<ListKept>& lists);
 
 } // namespace velmora::model

@@ -14,31 +14,30 @@ namespace velmora::model {
 
 namespace fs = std::filesystem;
 
-Result<std::vector<std::uint8_t>> readWholeFile(const fs::path& path)
+Result<std::vector<std::uint8_t>> readWholeFile(const fs::path& path, FileSystem& files)
 {
-    const std::string name = path.string();
-    std::error_code ec;
-    if (!fs::exists(path, ec))
-        return FileError{FileErrorCode::NotFound, name, 0, {}};
-    std::FILE* f = std::fopen(name.c_str(), "rb");
-    if (!f)
-        return FileError{FileErrorCode::CannotOpen, name, 0, std::strerror(errno)};
-    std::vector<std::uint8_t> bytes;
-    const auto size = fs::file_size(path, ec);
-    if (!ec)
-        bytes.reserve(static_cast<std::size_t>(size));
-    std::uint8_t buffer[65536];
-    for (;;) {
-        const std::size_t got = std::fread(buffer, 1, sizeof buffer, f);
-        bytes.insert(bytes.end(), buffer, buffer + got);
-        if (got < sizeof buffer)
-            break;
+    auto opened = files.openRead(path);
+    if (!opened) {
+        FileError e = opened.error();
+        e.file = path.string();
+        return e;
     }
-    const bool failed = std::ferror(f) != 0;
-    const int err = errno;
-    std::fclose(f);
-    if (failed)
-        return FileError{FileErrorCode::CannotOpen, name, 0, std::strerror(err)};
+    std::vector<std::uint8_t> bytes;
+    if (auto facts = files.facts(path))
+        bytes.reserve(static_cast<std::size_t>(facts.value().size));
+    std::vector<std::uint8_t> buffer(256 * 1024);
+    for (;;) {
+        auto got = files.read(opened.value(), buffer);
+        if (!got) {
+            (void)files.close(opened.value());
+            return FileError{FileErrorCode::CannotOpen, path.string(), 0, got.error().detail};
+        }
+        if (got.value() == 0)
+            break;
+        bytes.insert(bytes.end(), buffer.begin(),
+                     buffer.begin() + static_cast<std::ptrdiff_t>(got.value()));
+    }
+    (void)files.close(opened.value());
     return bytes;
 }
 
@@ -181,21 +180,36 @@ fs::path backupPathFor(const fs::path& path)
     return b;
 }
 
-Result<fs::path> moveAside(const fs::path& path)
+std::string localTimeStamp(std::time_t now)
 {
-    std::time_t now = std::time(nullptr);
-    char stamp[32];
-    std::strftime(stamp, sizeof stamp, "%Y%m%d-%H%M%S", std::localtime(&now));
-    fs::path target = path;
-    target += std::string(".damaged-") + stamp;
+    std::tm fields{};
+#if defined(_WIN32)
+    localtime_s(&fields, &now);
+#else
+    localtime_r(&now, &fields);
+#endif
+    char text[32];
+    std::strftime(text, sizeof text, "%Y%m%d-%H%M%S", &fields);
+    return text;
+}
+
+fs::path datedName(const fs::path& path, std::string_view label, std::time_t now)
+{
+    const std::string base =
+        path.filename().string() + "." + std::string(label) + "-" + localTimeStamp(now);
+    fs::path target = path.parent_path() / base;
     std::error_code ec;
-    for (int n = 2; fs::exists(target, ec) || fs::is_symlink(target, ec); ++n) {
-        target = path;
-        target += std::string(".damaged-") + stamp + "-" + std::to_string(n);
-    }
-    fs::rename(path, target, ec);
-    if (ec)
-        return FileError{FileErrorCode::CannotWrite, path.string(), 0, ec.message()};
+    for (int n = 2; fs::exists(target, ec) || fs::is_symlink(target, ec); ++n)
+        target = path.parent_path() / (base + "-" + std::to_string(n));
+    return target;
+}
+
+Result<fs::path> moveAside(const fs::path& path, std::string_view label, std::time_t now,
+                           FileSystem& files)
+{
+    const fs::path target = datedName(path, label, now);
+    if (Status s = files.rename(path, target); !s)
+        return FileError{FileErrorCode::CannotWrite, path.string(), 0, s.error().detail};
     return target;
 }
 

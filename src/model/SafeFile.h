@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <ctime>
 #include <filesystem>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/FileSystem.h"
@@ -11,8 +14,9 @@
 namespace velmora::model {
 
 // Reads a whole file into memory. NotFound when it does not exist, CannotOpen when it cannot be
-// read (the detail carries the operating system's text).
-Result<std::vector<std::uint8_t>> readWholeFile(const std::filesystem::path& path);
+// read (a folder in its place, no permission; the detail carries the operating system's text).
+Result<std::vector<std::uint8_t>> readWholeFile(const std::filesystem::path& path,
+                                                FileSystem& files = realFileSystem());
 
 // Whether a save keeps the file it replaces as the one backup generation "<file>.bak".
 enum class KeepBackup
@@ -45,9 +49,21 @@ Status writeFileAtomically(const std::filesystem::path& path, std::span<const st
 // "<file>.bak" beside the file.
 std::filesystem::path backupPathFor(const std::filesystem::path& path);
 
-// Moves a damaged file out of the way as "<file>.damaged-YYYYMMDD-HHMMSS" (with "-2", "-3", ...
-// added when such a file exists). Never overwrites and never deletes anything. Returns the new
-// path, or CannotWrite with the operating system's text.
-Result<std::filesystem::path> moveAside(const std::filesystem::path& path);
+// "YYYYMMDD-HHMMSS" of a moment in local time, as the dated names of kept files carry it.
+std::string localTimeStamp(std::time_t now);
+
+// "<file>.<label>-YYYYMMDD-HHMMSS" beside path (local time of now), with "-2", "-3", ... added
+// when such a file exists: a name that no file has.
+std::filesystem::path datedName(const std::filesystem::path& path, std::string_view label,
+                                std::time_t now);
+
+// Moves a file out of the way as "<file>.<label>-YYYYMMDD-HHMMSS" (local time of now; "-2", "-3",
+// ... added when such a file exists): a damaged file as "damaged", a backup kept for the user as
+// "backup". Never overwrites and never deletes anything. Returns the new path, or CannotWrite with
+// the operating system's text.
+Result<std::filesystem::path> moveAside(const std::filesystem::path& path,
+                                        std::string_view label = "damaged",
+                                        std::time_t now = std::time(nullptr),
+                                        FileSystem& files = realFileSystem());
 
 } // namespace velmora::model

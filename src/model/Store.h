@@ -82,10 +82,10 @@ public:
     LoadReport load() { return m_files.load(); }
     bool loadCurrentUser(FileError* error = nullptr) { return m_files.loadCurrentUser(error); }
     const std::optional<DamagedFile>& lastUserDamage() const { return m_files.lastUserDamage(); }
-    Status restoreSharedBackup() { return m_files.restoreSharedBackup(); }
-    Status restoreUserBackup() { return m_files.restoreUserBackup(); }
-    Status saveShared(Release release) { return m_files.saveShared(release); }
-    Status saveCurrentUser(Release release) { return m_files.saveCurrentUser(release); }
+    Status restoreBackup(const DamagedFile& damaged) { return m_files.restoreBackup(damaged); }
+    Status saveShared() { return m_files.saveShared(); }
+    Status saveCurrentUser() { return m_files.saveCurrentUser(); }
+    std::optional<WriteRefusal> writeRefusal() const { return m_files.writeRefusal(); }
     bool sharedProtected() const { return m_files.sharedProtected(); }
     bool userFileProtected() const { return m_files.userFileProtected(); }
     bool loaded() const { return m_files.loaded(); }

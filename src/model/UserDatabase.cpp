@@ -177,10 +177,53 @@ void writeJournalDay(ArchiveWriter& out, const JournalDay& day)
 
 namespace {
 
-// Reads velmora.db into d. Each part (the header with the user names, then each list) is read
-// into a fresh object and taken over only once complete, so a read that stops at damaged bytes
-// leaves d holding whole parts only.
-void readShared(ArchiveReader& in, SharedData& d)
+// The lists of each file in file order, as a salvage reports them.
+std::vector<ListKept> listsNamed(std::initializer_list<const char*> names)
+{
+    std::vector<ListKept> out;
+    for (const char* name : names)
+        out.push_back(ListKept{name, 0, std::nullopt});
+    return out;
+}
+
+std::vector<ListKept> sharedLists()
+{
+    return listsNamed(
+        {"users", "custom foods", "exercise fields", "exercises", "routines", "variables"});
+}
+
+std::vector<ListKept> journalLists()
+{
+    return listsNamed({"days"});
+}
+
+// Reads a list of n records into out, one record at a time: every record read completely is in
+// out when reading stops at damaged bytes, and report (when given) says how many of the file's.
+template <class T, class ReadOne>
+void readRecords(std::size_t n, std::vector<T>& out, ListKept* report, ReadOne&& readOne)
+{
+    out.clear();
+    out.reserve(n);
+    if (report)
+        report->inFile = n;
+    for (std::size_t i = 0; i < n; ++i) {
+        T record;
+        readOne(record);
+        out.push_back(std::move(record));
+        if (report)
+            report->kept = out.size();
+    }
+}
+
+ListKept* at(std::vector<ListKept>* lists, std::size_t i)
+{
+    return lists ? &(*lists)[i] : nullptr;
+}
+
+// Reads velmora.db into d. The header is taken over once complete; then every user name and
+// every record of each list that is read completely is kept, so that a read that stops at
+// damaged bytes leaves d holding whole records only. lists, when given, is sharedLists().
+void readShared(ArchiveReader& in, SharedData& d, std::vector<ListKept>* lists = nullptr)
 {
     {
         SharedData h;
@@ -191,86 +234,62 @@ void readShared(ArchiveReader& in, SharedData& d)
         for (auto& c : h.counters.values)
             c = in.i32();
         h.currentUser = in.u8();
-        const std::size_t names = in.u8();
-        h.userNames.reserve(names);
-        for (std::size_t i = 0; i < names; ++i)
-            h.userNames.push_back(in.text());
         d.version = h.version;
         d.oldFormatVersion = h.oldFormatVersion;
         d.header1 = std::move(h.header1);
         d.header2 = std::move(h.header2);
         d.counters = h.counters;
         d.currentUser = h.currentUser;
-        d.userNames = std::move(h.userNames);
     }
-    {
-        std::vector<FoodItem> list(in.count(MinCustomFoodSize));
-        for (FoodItem& f : list) {
-            f.number = in.i32();
-            f.group = in.i32();
-            f.name = in.text();
-            f.servingWeight = in.f32();
-            for (float& v : f.values)
-                v = in.f32();
-        }
-        d.customFoods = std::move(list);
-    }
-    {
-        std::vector<ExerciseField> list(in.count(MinFieldSize));
-        for (ExerciseField& f : list) {
-            f.id = in.i32();
-            f.name = in.text();
-            f.kind = in.i32();
-        }
-        d.fields = std::move(list);
-    }
-    {
-        std::vector<Exercise> list(in.count(MinExerciseSize));
-        for (Exercise& e : list) {
-            e.id = in.i32();
-            e.name = in.text();
-            readIdList(in, e.fields);
-        }
-        d.exercises = std::move(list);
-    }
-    {
-        std::vector<Routine> list(in.count(MinRoutineSize));
-        for (Routine& r : list) {
-            r.id = in.i32();
-            r.calories = in.i32();
-            r.name = in.text();
-            readIdList(in, r.exercises);
-        }
-        d.routines = std::move(list);
-    }
-    {
-        std::vector<UserVariable> list(in.count(MinVariableSize));
-        for (UserVariable& v : list) {
-            v.id = in.i32();
-            v.name = in.text();
-            v.number = in.f32();
-            v.text = in.text();
-            v.time = in.time();
-            v.askNumber = in.i32();
-            v.askText = in.i32();
-            v.askTime = in.i32();
-        }
-        d.variables = std::move(list);
-    }
+    readRecords(in.u8(), d.userNames, at(lists, 0), [&](std::string& name) { name = in.text(); });
+    readRecords(in.count(MinCustomFoodSize), d.customFoods, at(lists, 1), [&](FoodItem& f) {
+        f.number = in.i32();
+        f.group = in.i32();
+        f.name = in.text();
+        f.servingWeight = in.f32();
+        for (float& v : f.values)
+            v = in.f32();
+    });
+    readRecords(in.count(MinFieldSize), d.fields, at(lists, 2), [&](ExerciseField& f) {
+        f.id = in.i32();
+        f.name = in.text();
+        f.kind = in.i32();
+    });
+    readRecords(in.count(MinExerciseSize), d.exercises, at(lists, 3), [&](Exercise& e) {
+        e.id = in.i32();
+        e.name = in.text();
+        readIdList(in, e.fields);
+    });
+    readRecords(in.count(MinRoutineSize), d.routines, at(lists, 4), [&](Routine& r) {
+        r.id = in.i32();
+        r.calories = in.i32();
+        r.name = in.text();
+        readIdList(in, r.exercises);
+    });
+    readRecords(in.count(MinVariableSize), d.variables, at(lists, 5), [&](UserVariable& v) {
+        v.id = in.i32();
+        v.name = in.text();
+        v.number = in.f32();
+        v.text = in.text();
+        v.time = in.time();
+        v.askNumber = in.i32();
+        v.askText = in.i32();
+        v.askTime = in.i32();
+    });
 }
 
-// Reads a user's file into j: the profile record, then the day list, each taken over whole.
-void readUserJournal(ArchiveReader& in, UserJournal& j, int* partsRead = nullptr)
+// Reads a user's file into j: the profile record, taken over once complete, then every day read
+// completely. lists, when given, is journalLists().
+void readUserJournal(ArchiveReader& in, UserJournal& j, int* partsRead = nullptr,
+                     std::vector<ListKept>* lists = nullptr)
 {
     User user;
     user.read(in);
     j.user = user;
     if (partsRead)
         *partsRead = 1;
-    std::vector<JournalDay> days(in.count(MinDaySize));
-    for (JournalDay& d : days)
-        readJournalDay(in, d);
-    j.days = std::move(days);
+    readRecords(in.count(MinDaySize), j.days, at(lists, 0),
+                [&](JournalDay& d) { readJournalDay(in, d); });
     if (partsRead)
         *partsRead = 2;
 }
@@ -290,19 +309,23 @@ Result<SharedData> SharedData::parse(std::span<const std::uint8_t> bytes,
 Salvaged<SharedData> SharedData::salvage(std::span<const std::uint8_t> bytes,
                                          const std::string& fileName)
 {
-    return salvageArchive<SharedData>(bytes, fileName,
-                                      [](ArchiveReader& in, SharedData& d) { readShared(in, d); });
+    std::vector<ListKept> lists = sharedLists();
+    auto out = salvageArchive<SharedData>(
+        bytes, fileName, [&lists](ArchiveReader& in, SharedData& d) { readShared(in, d, &lists); });
+    out.lists = std::move(lists);
+    return out;
 }
 
 Salvaged<UserJournal> UserJournal::salvage(std::span<const std::uint8_t> bytes,
                                            const std::string& fileName)
 {
     int parts = 0;
-    auto out =
-        salvageArchive<UserJournal>(bytes, fileName, [&parts](ArchiveReader& in, UserJournal& j) {
-            readUserJournal(in, j, &parts);
-        });
+    std::vector<ListKept> lists = journalLists();
+    auto out = salvageArchive<UserJournal>(bytes, fileName, [&](ArchiveReader& in, UserJournal& j) {
+        readUserJournal(in, j, &parts, &lists);
+    });
     out.partsRead = parts;
+    out.lists = std::move(lists);
     return out;
 }
 
@@ -369,7 +392,7 @@ Result<UserJournal> UserJournal::parse(std::span<const std::uint8_t> bytes,
 {
     return parseArchive<UserJournal>(bytes, fileName, [](ArchiveReader& in) {
         UserJournal j;
-        readUserJournal(in, j, nullptr);
+        readUserJournal(in, j);
         return j;
     });
 }

@@ -54,8 +54,9 @@ struct SharedData
     // Parses a whole "velmora.db" image (any version).
     static Result<SharedData> parse(std::span<const std::uint8_t> bytes,
                                     const std::string& fileName);
-    // Reads what can be read completely from a damaged image: the header with the user names and
-    // each list are kept whole or not at all; parts after the damage keep their defaults.
+    // Reads what can be read completely from a damaged image: the header whole or not at all,
+    // then every user name and every record of each list that was read completely; lists after
+    // the damage keep their defaults. lists tells how many records of each list were kept.
     static Salvaged<SharedData> salvage(std::span<const std::uint8_t> bytes,
                                         const std::string& fileName);
     // Serialises as version 131; the name count is the list's size (callers keep it at most 255).
@@ -70,7 +71,8 @@ struct UserJournal
 
     static Result<UserJournal> parse(std::span<const std::uint8_t> bytes,
                                      const std::string& fileName);
-    // The profile record and the day list, each kept whole or not at all.
+    // The profile record whole or not at all (partsRead 1 or more when it was read), then every
+    // day read completely; lists tells how many of the file's days were kept.
     static Salvaged<UserJournal> salvage(std::span<const std::uint8_t> bytes,
                                          const std::string& fileName);
     std::vector<std::uint8_t> serialize() const;

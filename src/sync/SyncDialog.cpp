@@ -196,9 +196,9 @@ void SyncDialog::saveImported()
 {
     model::Store& store = m_context.store();
     store.normalise();
-    model::Status saved = store.saveCurrentUser(model::Release::No);
+    model::Status saved = store.saveCurrentUser();
     if (saved)
-        saved = store.saveShared(model::Release::No);
+        saved = store.saveShared();
     if (!saved)
         ui::showMessageText(this, QString::fromStdString(saved.error().message()));
     m_context.notifyChanged(ui::Change::Everything);

@@ -403,7 +403,7 @@ private slots:
         ModalScript script;
         script.expect(QStringLiteral("Velmora"),
                       [](QWidget* w) { click(w, QStringLiteral("OK")); });
-        QVERIFY(!app.window()->session().save(model::Release::No));
+        QVERIFY(!app.window()->session().save());
         QTRY_VERIFY(script.finished());
         QCOMPARE(script.messages().size(), 1);
         QVERIFY(script.messages().first().startsWith(

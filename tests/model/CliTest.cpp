@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cstdlib>
 #include <sys/wait.h>
+#include <unistd.h>
 #include <fstream>
 #include <sstream>
 #include <string>
 
+#include "model/FolderLock.h"
 #include "model/UserDatabase.h"
 #include "support/Builders.h"
 #include "support/Fixtures.h"
@@ -303,6 +305,8 @@ TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
         {"report" + where + " --from 2020-01-01 --to 2020-01-31 --csv", 0,
          "Nutrient,Avg,Daily Goal,Net"},
         {"report" + where + " --from 2020-02-30 --to 2020-03-01", 2, ""},
+        {"report" + where + " --from 1969-12-31 --to 2020-03-01", 2, ""}, // would be 2106
+        {"export" + where + " --out " + out + " --to 2106-02-08", 2, ""},
         {"report" + where + " --user Nobody --from 2020-01-01 --to 2020-01-31", 2, ""},
         {"report" + where + " --from 2020-01-01", 2, ""},
         {"report" + where + " --from 2020-01-01 --to 2020-01-31 --pdf " + pdf, pdfWritten, ""},
@@ -327,4 +331,54 @@ TEST(Cli, JournalCommandsAnswerWithTheirExitCodes)
     ASSERT_GT(pdfBytes.size(), 4u);
     EXPECT_EQ(std::string(pdfBytes.begin(), pdfBytes.begin() + 5), "%PDF-");
 #endif
+}
+
+// The commands that write take the data folder as the program does, and a salvage keeps every
+// whole day and the good backup.
+TEST(Cli, WritingCommandsRespectAnotherProgramAndSalvageKeepsWholeDays)
+{
+    TempDir dir;
+    fs::copy(Canonical, dir.path(), fs::copy_options::recursive);
+    const std::string where = " --data-dir " + quote(dir.path().string());
+    std::ofstream(dir / "weigh-ins.csv") << "Date,Weight (kg)\n2020-01-03,80.5\n";
+    const auto before = readBytes(dir / "Bert.db");
+    {
+        FolderLock program;
+        ASSERT_EQ(program.acquire(dir.path()).outcome, FolderLock::Outcome::Taken);
+        for (const std::string& args :
+             {"import-health" + where + " " + quote((dir / "weigh-ins.csv").string()) + " --yes",
+              "resave" + where}) {
+            const CliRun r = cli(dir, args);
+            EXPECT_EQ(r.exitCode, 1) << args;
+            EXPECT_NE(r.err.find("in use by Velmora (process " + std::to_string(::getpid())),
+                      std::string::npos)
+                << r.err;
+        }
+        EXPECT_EQ(readBytes(dir / "Bert.db"), before);
+    }
+
+    // A ten-day journal cut short: nine days are saved, the good backup is kept aside.
+    UserJournal journal = UserJournal::parse(before, "Bert.db").take();
+    journal.days.clear();
+    for (int i = 0; i < 10; ++i)
+        journal.days.push_back(dayWithMeal(1600000000 + 86400 * i, 0, {{1000, 1.0f}}));
+    const auto good = journal.serialize();
+    auto cut = good;
+    cut.resize(cut.size() - 22);
+    writeBytes(dir / "Bert.db.bak", good);
+    writeBytes(dir / "Bert.db", cut);
+    const CliRun r = cli(dir, "resave" + where);
+    EXPECT_EQ(r.exitCode, 1);
+    EXPECT_NE(r.err.find("9 of 10 days kept"), std::string::npos) << r.err;
+    const auto saved = UserJournal::parse(readBytes(dir / "Bert.db"), "Bert.db");
+    ASSERT_TRUE(saved.ok());
+    EXPECT_EQ(saved.value().days.size(), 9u);
+    int keptBackups = 0;
+    for (const auto& e : fs::directory_iterator(dir.path()))
+        if (e.path().filename().string().rfind("Bert.db.backup-", 0) == 0) {
+            ++keptBackups;
+            EXPECT_EQ(readBytes(e.path()), good);
+            EXPECT_NE(r.err.find(e.path().string()), std::string::npos) << r.err;
+        }
+    EXPECT_EQ(keptBackups, 1);
 }

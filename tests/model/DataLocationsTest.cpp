@@ -7,6 +7,7 @@
 
 #include "model/DataLocations.h"
 #include "support/TempDir.h"
+#include "support/TestFileSystems.h"
 
 using namespace velmora::model;
 using velmora::test::TempDir;
@@ -108,13 +109,33 @@ TEST(DataLocations, FoodsAreFoundInTheDataFolderThenBesideTheProgramThenInstalle
     EXPECT_EQ(where.searched, (std::vector<fs::path>{inProgram, inShare, inInstalled}));
 }
 
-TEST(DataLocations, AFolderThatCannotBeWrittenGivesWayToThePerUserFolder)
+TEST(DataLocations, AFolderThatCannotBeWrittenGivesWayOnlyWhenItWasNotNamedAndHoldsNoUsers)
 {
-    TempDir root;
-    touch(root /
-          "blocked"); // a file where the folder should be: it can be neither made nor written
-    DataSearch search{root / "blocked", {}, root.path(), root / "per-user", {}};
-    const DataLocations where = findDataLocations(search);
-    EXPECT_EQ(where.dataDir, root / "per-user");
-    EXPECT_TRUE(fs::is_directory(root / "per-user"));
+    struct Case
+    {
+        const char* what;
+        bool named;       // given with --data-dir
+        bool holdsUsers;  // "velmora.db" in it
+        bool usesPerUser; // the per-user folder is used instead
+    };
+    const Case cases[] = {
+        {"a named folder", true, true, false},
+        {"an empty named folder", true, false, false},
+        {"the program's folder with users", false, true, false},
+        {"the program's folder with only foods.db", false, false, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        TempDir root;
+        const fs::path program = root / "bin";
+        const fs::path folder = c.named ? root / "named" : program;
+        touch(program / "foods.db");
+        fs::create_directories(folder);
+        if (c.holdsUsers)
+            touch(folder / "velmora.db");
+        velmora::test::ReadOnlyFileSystem readOnly(folder);
+        const DataSearch search{c.named ? folder : fs::path(), {}, program, root / "per-user", {}};
+        const DataLocations where = findDataLocations(search, readOnly);
+        EXPECT_EQ(where.dataDir, c.usesPerUser ? root / "per-user" : folder);
+    }
 }

@@ -57,8 +57,8 @@ TEST(DamagedFiles, SharedFileIsMovedAsideAndWholePartsAreKept)
     EXPECT_EQ(readBytes(d.movedTo), damaged);
     EXPECT_FALSE(fs::exists(dir / "velmora.db"));
 
-    // Whole parts are used: users and the complete lists; the variables list was cut and is dropped
-    // whole rather than half-applied. The user's journal is loaded as usual.
+    // Every complete record is used: users and the complete lists; the one variable was cut and
+    // is not half-applied. The user's journal is loaded as usual.
     ASSERT_EQ(s.shared.userNames.size(), 2u);
     EXPECT_FALSE(s.shared.customFoods.empty());
     EXPECT_FALSE(s.shared.routines.empty());
@@ -67,7 +67,7 @@ TEST(DamagedFiles, SharedFileIsMovedAsideAndWholePartsAreKept)
     EXPECT_EQ(s.journal.days.size(), 2u);
 
     // Saving writes a fresh file and leaves the damaged one where it was moved.
-    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveShared().ok());
     EXPECT_TRUE(SharedData::parse(readBytes(dir / "velmora.db"), "velmora.db").ok());
     EXPECT_EQ(readBytes(d.movedTo), damaged);
 }
@@ -86,7 +86,7 @@ TEST(DamagedFiles, UserFileIsMovedAsideAndTheBackupCanBeRestored)
         Store s = storeIn(dir);
         ASSERT_TRUE(s.load().userFileRead);
         s.journal.days[1].notes[0] = "a new note";
-        ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
+        ASSERT_TRUE(s.saveCurrentUser().ok());
         EXPECT_EQ(readBytes(dir / "Bert.db.bak"), good);
     }
 
@@ -100,15 +100,21 @@ TEST(DamagedFiles, UserFileIsMovedAsideAndTheBackupCanBeRestored)
     ASSERT_EQ(report.damaged.size(), 1u);
     const auto& d = report.damaged[0];
     EXPECT_EQ(d.kind, Store::DamagedFile::Kind::User);
-    EXPECT_EQ(d.backup, dir / "Bert.db.bak");
+    // The good backup is out of the way of saves, under a dated name.
+    EXPECT_EQ(d.backup.filename().string().rfind("Bert.db.backup-", 0), 0u) << d.backup;
+    EXPECT_EQ(readBytes(d.backup), good);
+    EXPECT_FALSE(fs::exists(dir / "Bert.db.bak"));
     EXPECT_EQ(readBytes(d.movedTo), cut);
-    // The profile record was whole and is used; the day list was cut and is not half-applied.
+    EXPECT_EQ(d.kept, "1 of 2 days kept");
+    // The profile record and the first day were whole and are used; the cut day is not.
     EXPECT_EQ(s.journal.user.height, 170);
-    EXPECT_TRUE(s.journal.days.empty());
+    EXPECT_EQ(s.journal.days.size(), 1u);
 
-    ASSERT_TRUE(s.restoreUserBackup().ok());
+    ASSERT_TRUE(s.restoreBackup(d).ok());
     EXPECT_EQ(s.journal.days.size(), 2u);
     EXPECT_EQ(readBytes(dir / "Bert.db"), good);
+    EXPECT_EQ(readBytes(dir / "Bert.db.bak"), good);
+    EXPECT_FALSE(fs::exists(d.backup));
     EXPECT_EQ(readBytes(d.movedTo), cut);
 }
 
@@ -124,11 +130,11 @@ TEST(DamagedFiles, SharedBackupRestoresTheUsers)
     Store s = storeIn(dir);
     const auto report = s.load();
     ASSERT_EQ(report.damaged.size(), 1u);
-    EXPECT_EQ(report.damaged[0].backup, dir / "velmora.db.bak");
+    EXPECT_EQ(readBytes(report.damaged[0].backup), good);
     // Nothing whole could be read: the example user stands in until the backup is restored.
     EXPECT_EQ(s.currentUserName(), "Example User");
 
-    ASSERT_TRUE(s.restoreSharedBackup().ok());
+    ASSERT_TRUE(s.restoreBackup(report.damaged[0]).ok());
     EXPECT_EQ(s.shared.userNames.size(), 2u);
     EXPECT_EQ(s.currentUserName(), "Bert");
     EXPECT_EQ(s.journal.days.size(), 0u); // Bert has no file in this folder
@@ -141,7 +147,7 @@ TEST(DamagedFiles, RestoringWithoutABackupChangesNothing)
     writeBytes(dir / "foods.db", handMadeFoods());
     Store s = storeIn(dir);
     s.load();
-    EXPECT_FALSE(s.restoreSharedBackup().ok());
+    EXPECT_FALSE(s.restoreBackup(Store::DamagedFile{}).ok());
     EXPECT_EQ(s.currentUserName(), "Example User");
     EXPECT_TRUE(filesStartingWith(dir, "velmora.db").empty());
 }
@@ -173,8 +179,8 @@ TEST(SavingGuards, NothingIsSavedWhenTheFoodDatabaseIsMissing)
     const auto report = s.load();
     EXPECT_TRUE(report.foodsMissing);
     EXPECT_FALSE(s.loaded());
-    EXPECT_FALSE(s.saveShared(Release::Yes).ok());
-    s.saveCurrentUser(Release::Yes); // no user was loaded: there is nothing to write
+    EXPECT_FALSE(s.saveShared().ok());
+    s.saveCurrentUser(); // no user was loaded: there is nothing to write
     EXPECT_EQ(readBytes(dir / "velmora.db"), shared);
     EXPECT_EQ(filesStartingWith(dir, "").size(), 1u);
     EXPECT_FALSE(fs::exists(dir / "velmora.db.bak"));
@@ -186,18 +192,18 @@ TEST(SavingGuards, EverySaveKeepsOneBackupGeneration)
     writeBytes(dir / "foods.db", handMadeFoods());
     Store s = storeIn(dir);
     s.load();
-    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveShared().ok());
     EXPECT_FALSE(fs::exists(dir / "velmora.db.bak")); // nothing was replaced
     const auto first = readBytes(dir / "velmora.db");
 
     s.shared.userNames.push_back("Anna");
-    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveShared().ok());
     EXPECT_EQ(readBytes(dir / "velmora.db.bak"), first);
     const auto second = readBytes(dir / "velmora.db");
     EXPECT_NE(second, first);
 
     s.shared.userNames.push_back("Carl");
-    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveShared().ok());
     EXPECT_EQ(readBytes(dir / "velmora.db.bak"), second);
     // No temporary files are left behind.
     EXPECT_EQ(filesStartingWith(dir, ".velmora").size(), 0u);
@@ -225,10 +231,10 @@ TEST(HostileNames, AUserNameFromTheFileNeverReachesOutsideTheDataFolder)
     EXPECT_EQ(s.shared.userNames[0], "../outside");
     EXPECT_TRUE(s.journal.days.empty());
     s.journal.days.resize(1);
-    EXPECT_FALSE(s.saveCurrentUser(Release::No).ok());
+    EXPECT_FALSE(s.saveCurrentUser().ok());
     EXPECT_EQ(UserJournal::parse(readBytes(root / "outside.db"), "x").value().days.size(), 3u);
     // The shared file itself may still be saved, names as they are.
-    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveShared().ok());
 }
 
 TEST(HostileNames, ReservedAndEmptyNamesAreRefused)
@@ -262,13 +268,13 @@ TEST(SavingGuards, UnchangedFilesAreNotRewrittenSoTheBackupKeepsTheLastDifferent
 
     s.journal.days.pop_back();
     EXPECT_TRUE(s.hasUnsavedChanges());
-    ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
-    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveCurrentUser().ok());
+    ASSERT_TRUE(s.saveShared().ok());
     EXPECT_FALSE(s.hasUnsavedChanges());
     const auto saved = readBytes(dir / "Bert.db");
 
     // Saving again without a change leaves both the file and its backup alone.
-    ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
+    ASSERT_TRUE(s.saveCurrentUser().ok());
     EXPECT_EQ(readBytes(dir / "Bert.db.bak"), handMadeUserFile());
     EXPECT_EQ(readBytes(dir / "Bert.db"), saved);
     EXPECT_FALSE(fs::exists(dir / "velmora.db.bak"));
@@ -276,7 +282,7 @@ TEST(SavingGuards, UnchangedFilesAreNotRewrittenSoTheBackupKeepsTheLastDifferent
     // A file removed behind the program's back is written again.
     fs::remove(dir / "velmora.db");
     EXPECT_TRUE(s.hasUnsavedChanges());
-    ASSERT_TRUE(s.saveShared(Release::No).ok());
+    ASSERT_TRUE(s.saveShared().ok());
     EXPECT_EQ(readBytes(dir / "velmora.db"), handMadeShared());
 }
 

@@ -32,8 +32,8 @@ TEST(BigJournal, ThirtyYearsLoadNormaliseAndSaveUnchanged)
         s.journal.days = generatedJournal(s.foods, shape, 3);
         for (const JournalDay& d : s.journal.days)
             energyTotal += s.value(d, 208);
-        ASSERT_TRUE(s.saveShared(Release::No).ok());
-        ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
+        ASSERT_TRUE(s.saveShared().ok());
+        ASSERT_TRUE(s.saveCurrentUser().ok());
         written = readBytes(dir / "Example User.db");
     }
     EXPECT_GT(written.size(), 5'000'000u); // 350,400 food entries and 10,950 workouts
@@ -61,7 +61,7 @@ TEST(BigJournal, ThirtyYearsLoadNormaliseAndSaveUnchanged)
     again.normalise();
     EXPECT_FALSE(again.hasUnsavedChanges());
     again.journal.days.back().notes[1] = "thirty years on";
-    ASSERT_TRUE(again.saveCurrentUser(Release::No).ok());
+    ASSERT_TRUE(again.saveCurrentUser().ok());
     Store third;
     third.setPaths(dir / "foods.db", dir.path());
     ASSERT_TRUE(third.load().userFileRead);

@@ -92,8 +92,8 @@ TEST(KillTest, FilesAreWholeAfterEveryKill)
         s.journal.days = generatedJournal(s.foods, shape, 7);
         applyGeneration(s.shared, 0);
         applyGeneration(s.journal, 0);
-        ASSERT_TRUE(s.saveShared(Release::No).ok());
-        ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
+        ASSERT_TRUE(s.saveShared().ok());
+        ASSERT_TRUE(s.saveCurrentUser().ok());
     }
     const fs::path sharedFile = dir / "velmora.db";
     const fs::path userFile = dir / "Example User.db";

@@ -1,19 +1,22 @@
-// Every file-system call of a save is made to fail in turn, one failure per run, on a save of a
-// real-sized velmora.db and journal. After each run both files and both backups must read back
-// whole, each as either the content before the save or the content being saved, with their
-// permissions, and no temporary file may be left in the folder.
+// Every file-system call of a save is made to fail in turn, one failure per run, on the store's
+// save of a real-sized velmora.db and journal, the checks for other programs' changes included.
+// After each run both files and both backups must read back whole, each as either the content
+// before the save or the content being saved, with their permissions; no temporary file may be
+// left in the folder; the records in memory must be as they were; and a second save must then
+// write them without taking the program's own file for another program's.
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <set>
 #include <sys/stat.h>
 
 #include "Generations.h"
+#include "model/Normalisation.h"
 #include "model/SafeFile.h"
-#include "model/UserDatabase.h"
+#include "model/Store.h"
 #include "support/Builders.h"
 #include "support/FailingFileSystem.h"
 #include "support/TempDir.h"
@@ -73,7 +76,7 @@ long journalRound(const fs::path& p)
 
 } // namespace
 
-TEST(SaveFaults, EveryFailingCallLeavesOldOrNewFilesAndWholeBackups)
+TEST(SaveFaults, EveryFailingCallLeavesOldOrNewFilesWholeBackupsAndTheRecordsInMemory)
 {
     const FoodDatabase foods = generatedFoods(400);
     SharedData sharedBase;
@@ -86,9 +89,11 @@ TEST(SaveFaults, EveryFailingCallLeavesOldOrNewFilesAndWholeBackups)
         sharedBase.customFoods.push_back(std::move(f));
     }
     JournalShape shape;
-    shape.days = 2190; // six years of four meals a day
+    shape.days = 2920; // eight years of four meals a day
     UserJournal journalBase;
     journalBase.days = generatedJournal(foods, shape, 5);
+    // As loading leaves them, so that a save writes exactly a round's bytes.
+    normalise(sharedBase, journalBase.days);
 
     // Round 0 is the backup, round 1 is on disk, round 2 is being saved.
     const Round rounds[] = {roundOf(sharedBase, journalBase, 0),
@@ -96,9 +101,12 @@ TEST(SaveFaults, EveryFailingCallLeavesOldOrNewFilesAndWholeBackups)
                             roundOf(sharedBase, journalBase, 2)};
     ASSERT_GT(rounds[2].journal.size(), 1'000'000u);
 
+    TempDir foodsDir;
+    writeBytes(foodsDir / "foods.db", foods.serialize());
     TempDir dir;
     const fs::path shared = dir / "velmora.db";
     const fs::path journal = dir / "Anna.db";
+    // A store that loaded round 1 and holds round 2 in memory.
     const auto prepare = [&] {
         for (const auto& e : fs::directory_iterator(dir.path()))
             fs::remove(e.path());
@@ -108,31 +116,43 @@ TEST(SaveFaults, EveryFailingCallLeavesOldOrNewFilesAndWholeBackups)
         writeBytes(journal, rounds[1].journal);
         for (const fs::path& p : {shared, journal, backupPathFor(shared), backupPathFor(journal)})
             fs::permissions(p, fs::perms::owner_read | fs::perms::owner_write);
+        auto store = std::make_unique<Store>();
+        store->setPaths(foodsDir / "foods.db", dir.path());
+        const auto report = store->load();
+        EXPECT_TRUE(report.sharedLoaded && report.userFileRead);
+        applyGeneration(store->shared, 2);
+        applyGeneration(store->journal, 2);
+        return store;
     };
     // The save of both files, as at the end of a session: each file on its own, the journal
     // saved even when velmora.db could not be.
-    const auto save = [&](FileSystem& files) {
-        const bool a = writeFileAtomically(shared, rounds[2].shared, KeepBackup::Yes, files).ok();
-        const bool b = writeFileAtomically(journal, rounds[2].journal, KeepBackup::Yes, files).ok();
+    const auto save = [&](Store& store, FileSystem& files) {
+        store.files().setFileSystem(files);
+        const bool a = store.saveShared().ok();
+        const bool b = store.saveCurrentUser().ok();
+        store.files().setFileSystem(realFileSystem());
         return std::pair{a, b};
     };
 
-    prepare();
     FailingFileSystem counting;
-    ASSERT_EQ(save(counting), (std::pair{true, true}));
+    {
+        auto store = prepare();
+        ASSERT_EQ(save(*store, counting), (std::pair{true, true}));
+    }
     const int points = counting.calls();
     // Every kind of call that a save makes is among the failure points.
-    for (const char* kind : {"resolveLinks", "facts", "createNew", "setMode", "setOwner", "write",
-                             "sync", "close", "openRead", "read", "rename", "syncFolder"})
+    for (const char* kind :
+         {"resolveLinks", "facts", "canWrite", "createNew", "setMode", "setOwner", "write", "sync",
+          "close", "openRead", "read", "rename", "syncFolder"})
         EXPECT_GT(counting.callsByName().count(kind), 0u) << kind;
 
     const std::set<std::string> expectedNames = {"velmora.db", "velmora.db.bak", "Anna.db",
                                                  "Anna.db.bak"};
     std::map<std::string, int> exercised;
     for (int n = 1; n <= points; ++n) {
-        prepare();
+        auto store = prepare();
         FailingFileSystem failing(n);
-        const auto [sharedSaved, journalSaved] = save(failing);
+        const auto [sharedSaved, journalSaved] = save(*store, failing);
         ASSERT_TRUE(failing.failed()) << "call " << n;
         const std::string call = failing.failedCall();
         ++exercised[call];
@@ -165,6 +185,16 @@ TEST(SaveFaults, EveryFailingCallLeavesOldOrNewFilesAndWholeBackups)
         EXPECT_TRUE(jb == 0 || jb == 1) << jb;
         for (const std::string& name : expectedNames)
             EXPECT_EQ(modeOf(dir / name), 0600u) << name;
+
+        // Nothing was freed or changed in memory by the failed save.
+        EXPECT_EQ(store->shared.serialize(), rounds[2].shared);
+        EXPECT_EQ(store->journal.serialize(), rounds[2].journal);
+        // The next save writes what memory holds and finds no other program's version.
+        ASSERT_EQ(save(*store, realFileSystem()), (std::pair{true, true}));
+        EXPECT_EQ(readBytes(shared), rounds[2].shared);
+        EXPECT_EQ(readBytes(journal), rounds[2].journal);
+        EXPECT_TRUE(store->files().takeKeptVersions().empty());
+        EXPECT_EQ(namesIn(dir.path()), expectedNames);
     }
     int total = 0;
     std::string byKind;

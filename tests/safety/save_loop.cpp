@@ -31,8 +31,7 @@ int main(int argc, char** argv)
         ++k;
         test::applyGeneration(store.shared, k);
         test::applyGeneration(store.journal, k);
-        if (!store.saveShared(model::Release::No).ok() ||
-            !store.saveCurrentUser(model::Release::No).ok())
+        if (!store.saveShared().ok() || !store.saveCurrentUser().ok())
             return 1;
     }
 }

@@ -34,6 +34,13 @@ Result<FileFacts> FailingFileSystem::facts(const fs::path& path)
     return m_real.facts(path);
 }
 
+Status FailingFileSystem::canWrite(const fs::path& path)
+{
+    if (fails("canWrite"))
+        return injected();
+    return m_real.canWrite(path);
+}
+
 Result<FileHandle> FailingFileSystem::openRead(const fs::path& path)
 {
     if (fails("openRead"))

@@ -25,6 +25,7 @@ public:
 
     model::Result<std::filesystem::path> resolveLinks(const std::filesystem::path& path) override;
     model::Result<model::FileFacts> facts(const std::filesystem::path& path) override;
+    model::Status canWrite(const std::filesystem::path& path) override;
     model::Result<model::FileHandle> openRead(const std::filesystem::path& path) override;
     model::Result<model::FileHandle> createNew(const std::filesystem::path& path,
                                                unsigned mode) override;

@@ -4,7 +4,10 @@
 #include <cstdio>
 
 #include "model/DataLocations.h"
+#include "model/DateText.h"
+#include "model/FileDates.h"
 #include "model/FileKinds.h"
+#include "model/FolderLock.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
 
@@ -99,7 +102,12 @@ bool takeUserDataOptions(std::vector<std::string>& args, UserDataOptions& option
             } else if (a == "--user") {
                 options.user = v;
             } else {
-                const auto date = parseIsoDate(v);
+                auto date = parseIsoDate(v);
+                if (date && !model::dateFits(*date)) {
+                    // 1969-12-31 would be stored as a day of 2106: refused, never wrapped.
+                    options.badDateOutOfRange = true;
+                    date.reset();
+                }
                 (a == "--from" ? options.from : options.to) = date;
                 if (!date)
                     options.badDate = v;
@@ -116,12 +124,41 @@ int checkDates(const UserDataOptions& options)
 {
     if (options.badDate.empty())
         return 0;
+    if (options.badDateOutOfRange) {
+        const auto iso = [](const model::CalendarDate& d) {
+            char text[16];
+            std::snprintf(text, sizeof text, "%04d-%02d-%02d", d.year, d.month, d.day);
+            return std::string(text);
+        };
+        std::fprintf(stderr,
+                     "velmora-cli: \"%s\" is outside the dates the journal files can hold (%s "
+                     "to %s)\n",
+                     options.badDate.c_str(), iso(model::firstDateThatFits()).c_str(),
+                     iso(model::lastDateThatFits()).c_str());
+        return 2;
+    }
     std::fprintf(stderr, "velmora-cli: \"%s\" is not a date of the form YYYY-MM-DD\n",
                  options.badDate.c_str());
     return 2;
 }
 
-int loadUserStore(const UserDataOptions& options, const char* argv0, model::Store& store)
+int takeDataFolder(const fs::path& dir, model::FolderLock& lock)
+{
+    const model::FolderLock::Attempt attempt = lock.acquire(dir);
+    if (attempt.outcome != model::FolderLock::Outcome::HeldByOther)
+        return 0;
+    return fail("the data folder \"" + dir.string() + "\" is in use by Velmora (" +
+                model::FolderLock::holderText(attempt.holder) + "); nothing was changed");
+}
+
+void reportKeptVersions(model::Store& store)
+{
+    for (const model::KeptVersion& kept : store.files().takeKeptVersions())
+        fail(model::keptVersionText(kept));
+}
+
+int loadUserStore(const UserDataOptions& options, const char* argv0, model::Store& store,
+                  model::FolderLock* lock)
 {
     model::DataSearch search;
     search.dataDirOption = options.dataDir;
@@ -130,6 +167,9 @@ int loadUserStore(const UserDataOptions& options, const char* argv0, model::Stor
     search.perUserDir = model::defaultPerUserDataDir();
     search.installedDirs = model::defaultInstalledDataDirs();
     const model::DataLocations where = model::findDataLocations(search);
+    if (lock)
+        if (int status = takeDataFolder(where.dataDir, *lock); status != 0)
+            return status;
     store.setPaths(where.foodsToLoad(), where.dataDir);
     const model::Store::LoadReport report = store.load();
     auto refuse = [](const std::string& line) {

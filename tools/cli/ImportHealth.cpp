@@ -6,6 +6,7 @@
 
 #include "export/HealthImport.h"
 #include "model/DataFolder.h"
+#include "model/FolderLock.h"
 #include "model/SafeFile.h"
 #include "model/Store.h"
 
@@ -67,7 +68,8 @@ int importHealthCommand(const std::vector<std::string>& arguments, const char* a
         return 2;
     }
     model::Store store;
-    if (int status = loadUserStore(where, argv0, store); status != 0)
+    model::FolderLock lock;
+    if (int status = loadUserStore(where, argv0, store, &lock); status != 0)
         return status;
     const std::string text(bytes.value().begin(), bytes.value().end());
     const exchange::HealthImportOutcome outcome = exchange::planHealthImport(text, store.journal);
@@ -97,7 +99,9 @@ int importHealthCommand(const std::vector<std::string>& arguments, const char* a
         return 1;
     }
     const std::size_t written = exchange::applyHealthImport(store.journal, plan, replace);
-    if (model::Status saved = store.saveCurrentUser(model::Release::No); !saved)
+    model::Status saved = store.saveCurrentUser();
+    reportKeptVersions(store);
+    if (!saved)
         return fail(saved.error().message());
     std::cout << "Imported " << written << " values.\n";
     return 0;

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "model/DataLocations.h"
+#include "model/FolderLock.h"
 #include "model/Store.h"
 
 namespace velmora::cli {
@@ -22,7 +23,10 @@ std::string resaveHelp()
            "folder that holds velmora-cli (or the per-user data folder when that cannot be\n"
            "written); foods.db is looked for in the data folder, beside velmora-cli, then in the\n"
            "installed data folders, unless FILE names it. Without foods.db nothing is loaded and\n"
-           "nothing is written.\n";
+           "nothing is written.\n"
+           "A damaged file is moved aside as FILE.damaged-DATE; every record read completely is\n"
+           "saved (\"9 of 10 days kept\"), and its last good backup is kept as FILE.backup-DATE,\n"
+           "where no save replaces it. The exit code is then 1.\n";
 }
 
 int resaveCommand(const std::vector<std::string>& args, const char* argv0)
@@ -43,6 +47,9 @@ int resaveCommand(const std::vector<std::string>& args, const char* argv0)
     search.installedDirs = defaultInstalledDataDirs();
     const DataLocations where = findDataLocations(search);
 
+    FolderLock lock;
+    if (int status = takeDataFolder(where.dataDir, lock); status != 0)
+        return status;
     Store store;
     store.setPaths(where.foodsToLoad(), where.dataDir);
     const Store::LoadReport report = store.load();
@@ -53,10 +60,12 @@ int resaveCommand(const std::vector<std::string>& args, const char* argv0)
     // that is saved so the folder is whole again, and the damage is reported with a failing exit.
     for (const Store::DamagedFile& d : report.damaged) {
         std::string line = d.error.message();
+        if (!d.kept.empty() && !d.movedTo.empty())
+            line += "; " + d.kept;
         line += d.movedTo.empty() ? "; it could not be moved aside and is left as it is"
                                   : "; it was moved to " + d.movedTo.string();
         if (!d.backup.empty())
-            line += "; a backup that reads completely is " + d.backup.string();
+            line += "; its last backup reads completely and is kept as " + d.backup.string();
         fail(line);
     }
     int status = report.errors.empty() ? 0 : 1;
@@ -64,10 +73,11 @@ int resaveCommand(const std::vector<std::string>& args, const char* argv0)
         fail(report.errors.front().message());
     if (!store.loaded())
         return 1;
-    if (Status shared = store.saveShared(Release::Yes); !shared)
+    if (Status shared = store.saveShared(); !shared)
         status = fail(shared.error().message());
-    if (Status user = store.saveCurrentUser(Release::Yes); !user)
+    if (Status user = store.saveCurrentUser(); !user)
         status = fail(user.error().message());
+    reportKeptVersions(store);
     return status;
 }
 

@@ -5,6 +5,7 @@
 
 #include "model/DataFolder.h"
 #include "model/DataLocations.h"
+#include "model/FolderLock.h"
 #include "model/Store.h"
 #include "sync/logic/SyncOperation.h"
 
@@ -89,6 +90,13 @@ int runSyncCommand(const std::vector<std::string>& args, std::ostream& out, std:
     search.perUserDir = model::defaultPerUserDataDir();
     search.installedDirs = model::defaultInstalledDataDirs();
     const model::DataLocations where = model::findDataLocations(search);
+    model::FolderLock lock;
+    if (const auto taken = lock.acquire(where.dataDir);
+        taken.outcome == model::FolderLock::Outcome::HeldByOther) {
+        err << "The data folder is in use by Velmora ("
+            << model::FolderLock::holderText(taken.holder) << "); nothing was changed\n";
+        return 1;
+    }
     model::Store store;
     store.setPaths(where.foodsToLoad(), where.dataDir);
     const model::Store::LoadReport report = store.load();
@@ -155,15 +163,17 @@ int runSyncCommand(const std::vector<std::string>& args, std::ostream& out, std:
         // Normalised as a save of the shared file would, then the user's file first while the
         // synchronised user is current; the login stays as it was.
         store.normalise();
-        if (model::Status s = store.saveCurrentUser(model::Release::No); !s) {
+        if (model::Status s = store.saveCurrentUser(); !s) {
             err << s.error().message() << "\n";
             return 1;
         }
         store.shared.currentUser = static_cast<std::uint8_t>(loggedIn);
-        if (model::Status s = store.saveShared(model::Release::No); !s) {
+        if (model::Status s = store.saveShared(); !s) {
             err << s.error().message() << "\n";
             return 1;
         }
+        for (const model::KeptVersion& kept : store.files().takeKeptVersions())
+            err << model::keptVersionText(kept) << "\n";
     }
     out << "Done.\n";
     return 0;
