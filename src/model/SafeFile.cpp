@@ -1,9 +1,6 @@
 #include "model/SafeFile.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <ctime>
 #include <optional>
 #include <random>
@@ -16,29 +13,29 @@ namespace fs = std::filesystem;
 
 Result<std::vector<std::uint8_t>> readWholeFile(const fs::path& path)
 {
-    const std::string name = path.string();
-    std::error_code ec;
-    if (!fs::exists(path, ec))
-        return FileError{FileErrorCode::NotFound, name, 0, {}};
-    std::FILE* f = std::fopen(name.c_str(), "rb");
-    if (!f)
-        return FileError{FileErrorCode::CannotOpen, name, 0, std::strerror(errno)};
+    // Through the system's own file API (the wide-character one on Windows), so that a file name
+    // beyond ASCII is read as the file it names.
+    FileSystem& files = realFileSystem();
+    auto opened = files.openRead(path);
+    if (!opened)
+        return opened.error();
     std::vector<std::uint8_t> bytes;
+    std::error_code ec;
     const auto size = fs::file_size(path, ec);
     if (!ec)
         bytes.reserve(static_cast<std::size_t>(size));
     std::uint8_t buffer[65536];
     for (;;) {
-        const std::size_t got = std::fread(buffer, 1, sizeof buffer, f);
-        bytes.insert(bytes.end(), buffer, buffer + got);
-        if (got < sizeof buffer)
+        auto got = files.read(opened.value(), buffer);
+        if (!got) {
+            (void)files.close(opened.value());
+            return FileError{FileErrorCode::CannotOpen, path.string(), 0, got.error().detail};
+        }
+        if (got.value() == 0)
             break;
+        bytes.insert(bytes.end(), buffer, buffer + got.value());
     }
-    const bool failed = std::ferror(f) != 0;
-    const int err = errno;
-    std::fclose(f);
-    if (failed)
-        return FileError{FileErrorCode::CannotOpen, name, 0, std::strerror(err)};
+    (void)files.close(opened.value());
     return bytes;
 }
 
