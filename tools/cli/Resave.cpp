@@ -5,6 +5,7 @@
 
 #include "model/DataLocations.h"
 #include "model/Store.h"
+#include "model/TextCodec.h"
 
 namespace velmora::cli {
 
@@ -32,9 +33,9 @@ int resaveCommand(const std::vector<std::string>& args, const char* argv0)
         if (i + 1 >= args.size())
             return usage(resaveHelp());
         if (args[i] == "--data-dir")
-            search.dataDirOption = args[i + 1];
+            search.dataDirOption = pathFromUtf8(args[i + 1]);
         else if (args[i] == "--foods")
-            search.foodsOption = args[i + 1];
+            search.foodsOption = pathFromUtf8(args[i + 1]);
         else
             return usage(resaveHelp());
     }
