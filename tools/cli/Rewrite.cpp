@@ -32,7 +32,8 @@ int rewriteCommand(const std::vector<std::string>& args, const char*)
     auto out = kind->rewrite(bytes.value(), args[1]);
     if (!out)
         return fail(out.error().message());
-    if (model::Status written = model::writeFileAtomically(model::pathFromUtf8(args[2]), out.value()); !written)
+    const std::filesystem::path target = model::pathFromUtf8(args[2]);
+    if (model::Status written = model::writeFileAtomically(target, out.value()); !written)
         return fail(written.error().message());
     return 0;
 }

@@ -105,7 +105,8 @@ std::int64_t nanosecondsSince1970(const FILETIME& t)
 {
     // FILETIME counts 100 ns from 1601-01-01 UTC.
     constexpr std::int64_t From1601To1970 = 116444736000000000;
-    const std::int64_t ticks = (static_cast<std::int64_t>(t.dwHighDateTime) << 32) | t.dwLowDateTime;
+    const std::int64_t ticks =
+        (static_cast<std::int64_t>(t.dwHighDateTime) << 32) | t.dwLowDateTime;
     return (ticks - From1601To1970) * 100;
 }
 
@@ -151,15 +152,19 @@ struct RenameInfo
 // as MoveFileEx does.
 DWORD renameReplacingOpenFile(const fs::path& from, const fs::path& to)
 {
-    ScopedHandle source(::CreateFileW(from.c_str(), DELETE | SYNCHRONIZE,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    ScopedHandle source(::CreateFileW(
+        from.c_str(), DELETE | SYNCHRONIZE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+        nullptr, OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
     if (!source.valid())
         return ::GetLastError();
+    // The full name, in the form that is not limited to MAX_PATH.
     std::error_code ec;
-    const std::wstring target = L"\\\\?\\" + fs::absolute(to, ec).make_preferred().wstring();
+    std::wstring target = fs::absolute(to, ec).make_preferred().wstring();
     if (ec)
         return ERROR_NOT_SUPPORTED;
+    if (!target.starts_with(L"\\\\?\\"))
+        target =
+            target.starts_with(L"\\\\") ? L"\\\\?\\UNC\\" + target.substr(2) : L"\\\\?\\" + target;
     const std::size_t bytes = offsetof(RenameInfo, fileName) + (target.size() + 1) * sizeof(WCHAR);
     std::vector<std::uint8_t> buffer(bytes);
     auto* info = reinterpret_cast<RenameInfo*>(buffer.data());
@@ -168,8 +173,7 @@ DWORD renameReplacingOpenFile(const fs::path& from, const fs::path& to)
     info->fileNameLength = static_cast<DWORD>(target.size() * sizeof(WCHAR));
     std::copy(target.begin(), target.end(), info->fileName);
     info->fileName[target.size()] = L'\0';
-    if (::SetFileInformationByHandle(source.get(), RenameInfoEx, info,
-                                     static_cast<DWORD>(bytes)))
+    if (::SetFileInformationByHandle(source.get(), RenameInfoEx, info, static_cast<DWORD>(bytes)))
         return ERROR_SUCCESS;
     const DWORD error = ::GetLastError();
     if (error == ERROR_INVALID_PARAMETER || error == ERROR_INVALID_FUNCTION ||
@@ -207,7 +211,8 @@ public:
                 return p; // a reparse point that is no link (a cloud file) is the file itself
             p = target->is_absolute() ? *target : p.parent_path() / *target;
         }
-        return osError(FileErrorCode::CannotOpen, path, systemErrorText(ERROR_CANT_RESOLVE_FILENAME));
+        return osError(FileErrorCode::CannotOpen, path,
+                       systemErrorText(ERROR_CANT_RESOLVE_FILENAME));
     }
 
     Result<FileFacts> facts(const fs::path& path) override

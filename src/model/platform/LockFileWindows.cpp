@@ -79,8 +79,7 @@ bool replaceText(LockHandle h, const std::string& text)
     DWORD done = 0;
     return ::SetFilePointer(handleOf(h), 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER &&
            ::SetEndOfFile(handleOf(h)) &&
-           ::WriteFile(handleOf(h), text.data(), static_cast<DWORD>(text.size()), &done,
-                       nullptr) &&
+           ::WriteFile(handleOf(h), text.data(), static_cast<DWORD>(text.size()), &done, nullptr) &&
            done == text.size() && ::FlushFileBuffers(handleOf(h));
 }
 
