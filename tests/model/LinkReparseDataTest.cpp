@@ -53,11 +53,13 @@ TEST(LinkReparseData, TheTargetIsTheNameThatTheSystemFollows)
         Bytes data;
         std::optional<std::u16string> target;
     } cases[] = {
-        {"absolute", linkData(u"\\??\\C:\\Users\\Zo\u00EB\\velmora.db", u"C:\\Users\\Zo\u00EB\\velmora.db", 0),
+        {"absolute",
+         linkData(u"\\??\\C:\\Users\\Zo\u00EB\\velmora.db", u"C:\\Users\\Zo\u00EB\\velmora.db", 0),
          u"C:\\Users\\Zo\u00EB\\velmora.db"},
         {"relative", linkData(u"..\\elsewhere\\velmora.db", u"..\\elsewhere\\velmora.db", 1),
          u"..\\elsewhere\\velmora.db"},
-        {"network share", linkData(u"\\??\\UNC\\server\\share\\a.db", u"\\\\server\\share\\a.db", 0),
+        {"network share",
+         linkData(u"\\??\\UNC\\server\\share\\a.db", u"\\\\server\\share\\a.db", 0),
          u"\\\\server\\share\\a.db"},
         {"volume without a letter", linkData(u"\\??\\Volume{5c1d}\\a.db", u"", 0),
          u"\\\\?\\Volume{5c1d}\\a.db"},
@@ -81,15 +83,15 @@ TEST(LinkReparseData, DataCutShortOrPointingOutsideItselfNamesNothing)
 {
     // A link to "C:\a" by hand: tag, 20 bytes of data, the print name "C:\a" (8 bytes at 0) and
     // the substitute name "\??\C:\a" (16 bytes at 8), absolute.
-    const Bytes whole = {0x0C, 0x00, 0x00, 0xA0, 0x24, 0x00, 0x00, 0x00, 0x08, 0x00, 0x10, 0x00,
-                         0x00, 0x00, 0x08, 0x00, 0x00, 0x00, 0x00, 0x00, 'C',  0,    ':',  0,
-                         '\\', 0,    'a',  0,    '\\', 0,    '?',  0,    '?',  0,    '\\', 0,
-                         'C',  0,    ':',  0,    '\\', 0,    'a',  0};
+    const Bytes whole = {0x0C, 0x00, 0x00, 0xA0, 0x24, 0x00, 0x00, 0x00, 0x08, 0x00, 0x10,
+                         0x00, 0x00, 0x00, 0x08, 0x00, 0x00, 0x00, 0x00, 0x00, 'C',  0,
+                         ':',  0,    '\\', 0,    'a',  0,    '\\', 0,    '?',  0,    '?',
+                         0,    '\\', 0,    'C',  0,    ':',  0,    '\\', 0,    'a',  0};
     ASSERT_EQ(symbolicLinkTarget(whole), u"C:\\a");
     for (std::size_t size = 0; size < whole.size(); ++size)
         EXPECT_EQ(symbolicLinkTarget(std::span(whole).first(size)), std::nullopt) << size;
     Bytes outside = whole;
-    outside[8] = 0x40; // the substitute name's offset past the end
+    outside[8] = 0x40;                                // the substitute name's offset past the end
     EXPECT_EQ(symbolicLinkTarget(outside), u"C:\\a"); // the print name stands in
     outside[12] = 0x40;
     EXPECT_EQ(symbolicLinkTarget(outside), std::nullopt);

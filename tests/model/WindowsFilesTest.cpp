@@ -163,7 +163,8 @@ TEST(WindowsFiles, AFileThatAnotherProgramHoldsOpenIsReplacedOrLeftWhole)
         const char* reader;
         DWORD sharing;
     } cases[] = {
-        {"a reader that lets others delete the file", FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE},
+        {"a reader that lets others delete the file",
+         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE},
         {"a reader that does not", FILE_SHARE_READ | FILE_SHARE_WRITE},
     };
     for (const auto& c : cases) {
@@ -171,8 +172,8 @@ TEST(WindowsFiles, AFileThatAnotherProgramHoldsOpenIsReplacedOrLeftWhole)
         TempDir dir;
         const fs::path file = dir / "velmora.db";
         writeBytes(file, {1, 2, 3});
-        HANDLE reader = ::CreateFileW(file.c_str(), GENERIC_READ, c.sharing, nullptr,
-                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        HANDLE reader = ::CreateFileW(file.c_str(), GENERIC_READ, c.sharing, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
         ASSERT_NE(reader, INVALID_HANDLE_VALUE);
 
         const Status saved = writeFileAtomically(file, Bytes{4, 5}, KeepBackup::Yes);
@@ -222,9 +223,9 @@ TEST(WindowsFiles, ASaveLeavesTheAccessRulesAndAttributesOfTheFileAsTheyWere)
     ASSERT_NE(accessRulesOf(fresh), rules);
 
     for (int save = 0; save < 2; ++save) {
-        ASSERT_TRUE(writeFileAtomically(file, Bytes{2, static_cast<std::uint8_t>(save)},
-                                        KeepBackup::Yes)
-                        .ok());
+        ASSERT_TRUE(
+            writeFileAtomically(file, Bytes{2, static_cast<std::uint8_t>(save)}, KeepBackup::Yes)
+                .ok());
         EXPECT_EQ(accessRulesOf(file), rules);
         if (keepsHidden) {
             EXPECT_TRUE(::GetFileAttributesW(file.c_str()) & FILE_ATTRIBUTE_HIDDEN);
@@ -283,10 +284,9 @@ TEST(WindowsFiles, TheDataOfAnInstalledProgramLiesUnderTheUsersAppData)
             fs::copy_file(e.path(), bin / e.path().filename());
     fs::create_directories(profile);
     writeBytes(profile / "foods.db", handMadeFoods());
-    const std::string command =
-        shellQuote((bin / program.filename()).string()) + " resave --foods " +
-        shellQuote((profile / "foods.db").string()) + " >" + shellQuote((dir / "out.txt").string()) +
-        " 2>&1";
+    const std::string command = shellQuote((bin / program.filename()).string()) +
+                                " resave --foods " + shellQuote((profile / "foods.db").string()) +
+                                " >" + shellQuote((dir / "out.txt").string()) + " 2>&1";
     const int exitCode = runShell(command);
     const Bytes printed = readBytes(dir / "out.txt");
     ASSERT_EQ(exitCode, 0) << std::string(printed.begin(), printed.end());

@@ -49,7 +49,8 @@ public:
         start.hStdInput = childIn;
         start.hStdOutput = childOut;
         start.hStdError = ::GetStdHandle(STD_ERROR_HANDLE);
-        std::wstring line = L"\"" + std::filesystem::path(VELMORA_LOCK_HOLDER).make_preferred().wstring() +
+        std::wstring line = L"\"" +
+                            std::filesystem::path(VELMORA_LOCK_HOLDER).make_preferred().wstring() +
                             L"\" \"" + dir.wstring() + L"\"";
         PROCESS_INFORMATION process{};
         const bool started = ::CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0,
