@@ -38,9 +38,15 @@ cmake --build --preset windows
 echo "built after $((SECONDS - started)) s"
 
 echo "-- Wine prefix"
-"$wine" wineboot --init
-# The server stays up between the test programs, so that each starts in a fraction of a second.
+# One server for the whole stage, so that each test program starts in a fraction of a second. The
+# set-up starts Wine's services under it with their output going to a file: a service that
+# inherited a test program's output would keep ctest waiting for it to end.
+mkdir -p "$WINEPREFIX"
 "$wineserver" -p
+if ! "$wine" wineboot --init >"$scratch/wineboot.log" 2>&1; then
+    cat "$scratch/wineboot.log"
+    exit 1
+fi
 echo "Wine ready after $((SECONDS - started)) s"
 
 echo "-- Non-GUI tests under Wine"
