@@ -17,6 +17,9 @@ packages=(
     xvfb xauth fontconfig fonts-dejavu-core
     # fuzzing and the sanitizer runtime of clang
     clang libclang-rt-14-dev
+    # the Windows build: MinGW-w64 with posix threads, GoogleTest's sources to build it with,
+    # and Wine to run its tests
+    g++-mingw-w64-x86-64-posix googletest wine64
     # the Debian package (dependencies read from the binaries, which needs file), and the checks of the menu entry,
     # the metainfo and the manual page
     dpkg-dev file desktop-file-utils appstream groff-base

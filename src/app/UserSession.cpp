@@ -26,7 +26,7 @@ namespace {
 QString saveErrorText(const model::FileError& error)
 {
     const QString file =
-        QString::fromStdString(std::filesystem::path(error.file).filename().string());
+        QString::fromStdString(model::pathFromUtf8(error.file).filename().string());
     QString text = QStringLiteral("Could not save \"%1\".")
                        .arg(file.isEmpty() ? QString::fromStdString(error.file) : file);
     if (!error.detail.empty())

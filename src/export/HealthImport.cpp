@@ -463,8 +463,9 @@ HealthImportOutcome planHealthImport(std::string_view csvText, const model::User
         const CsvRecord& row = table.records[r];
         if (row.fields.size() < header.size()) {
             plan.problems.push_back(
-                {row.line, model::formatText("the row has %zu fields, the header has %zu",
-                                             row.fields.size(), header.size())});
+                {row.line, model::formatText("the row has %d fields, the header has %d",
+                                             static_cast<int>(row.fields.size()),
+                                             static_cast<int>(header.size()))});
             continue;
         }
         const auto date = parseImportedDate(row.fields[dateColumn], dayFirst);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -13,9 +12,6 @@ namespace velmora::model {
 namespace fs = std::filesystem;
 
 namespace {
-
-// The organisation and program folders under the platform's data folders.
-const fs::path AppFolder = fs::path("Orvane") / "Velmora";
 
 fs::path clean(const fs::path& p)
 {
@@ -127,40 +123,6 @@ DataLocations findDataLocations(const DataSearch& search, FileSystem& files)
         if (out.foodsPath.empty() && isFile(c))
             out.foodsPath = c;
     }
-    return out;
-}
-
-fs::path defaultPerUserDataDir()
-{
-#if defined(_WIN32)
-    return environmentPath("APPDATA") / AppFolder;
-#elif defined(__APPLE__)
-    return environmentPath("HOME") / "Library" / "Application Support" / AppFolder;
-#else
-    const fs::path xdg = environmentPath("XDG_DATA_HOME");
-    return (xdg.empty() ? environmentPath("HOME") / ".local" / "share" : xdg) / AppFolder;
-#endif
-}
-
-std::vector<fs::path> defaultInstalledDataDirs()
-{
-    std::vector<fs::path> out{defaultPerUserDataDir()};
-#if defined(_WIN32)
-    out.push_back(environmentPath("PROGRAMDATA") / AppFolder);
-#elif defined(__APPLE__)
-    out.push_back(fs::path("/Library/Application Support") / AppFolder);
-#else
-    std::string dirs = std::getenv("XDG_DATA_DIRS") ? std::getenv("XDG_DATA_DIRS") : "";
-    if (dirs.empty())
-        dirs = "/usr/local/share:/usr/share";
-    std::size_t start = 0;
-    while (start <= dirs.size()) {
-        const std::size_t end = std::min(dirs.find(':', start), dirs.size());
-        if (end > start)
-            out.push_back(fs::path(dirs.substr(start, end - start)) / AppFolder);
-        start = end + 1;
-    }
-#endif
     return out;
 }
 

@@ -1,25 +1,13 @@
 #include "model/FolderLock.h"
 
-#include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <ctime>
 #include <sstream>
-#include <system_error>
+#include <string>
 #include <thread>
 #include <utility>
 
-// ---- Platform section: process ids, host names and the operating system's file locks.
-#if defined(_WIN32)
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-#else
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-#endif
+#include "model/platform/LockFile.h"
 
 namespace velmora::model {
 
@@ -27,182 +15,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-#if defined(_WIN32)
-
-using Handle = HANDLE;
-
-// The lock covers one byte far past the end of the file, so that the holder's text stays
-// readable by others (Windows locks keep others from reading the bytes they cover).
-constexpr DWORD LockOffsetHigh = 0x40000000;
-
-Handle toHandle(std::intptr_t h)
-{
-    return reinterpret_cast<Handle>(h);
-}
-
-std::string systemText()
-{
-    return std::system_category().message(static_cast<int>(::GetLastError()));
-}
-
-std::optional<Handle> openLockFile(const fs::path& path, bool create, std::string& error)
-{
-    Handle h = ::CreateFileW(path.wstring().c_str(), GENERIC_READ | (create ? GENERIC_WRITE : 0),
-                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                             create ? OPEN_ALWAYS : OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (h == INVALID_HANDLE_VALUE) {
-        error = systemText();
-        return std::nullopt;
-    }
-    return h;
-}
-
-// True when taken; busy tells a lock held elsewhere from another failure.
-bool tryLock(Handle h, bool exclusive, bool& busy)
-{
-    OVERLAPPED at{};
-    at.OffsetHigh = LockOffsetHigh;
-    const DWORD flags = LOCKFILE_FAIL_IMMEDIATELY | (exclusive ? LOCKFILE_EXCLUSIVE_LOCK : 0);
-    if (::LockFileEx(h, flags, 0, 1, 0, &at))
-        return true;
-    busy = ::GetLastError() == ERROR_LOCK_VIOLATION;
-    return false;
-}
-
-void unlock(Handle h)
-{
-    OVERLAPPED at{};
-    at.OffsetHigh = LockOffsetHigh;
-    ::UnlockFileEx(h, 0, 1, 0, &at);
-}
-
-void closeHandle(Handle h)
-{
-    ::CloseHandle(h);
-}
-
-std::string readText(Handle h)
-{
-    std::string text;
-    ::SetFilePointer(h, 0, nullptr, FILE_BEGIN);
-    char buffer[512];
-    DWORD got = 0;
-    while (text.size() < 4096 && ::ReadFile(h, buffer, sizeof buffer, &got, nullptr) && got > 0)
-        text.append(buffer, got);
-    return text;
-}
-
-bool replaceText(Handle h, const std::string& text)
-{
-    DWORD done = 0;
-    return ::SetFilePointer(h, 0, nullptr, FILE_BEGIN) != INVALID_SET_FILE_POINTER &&
-           ::SetEndOfFile(h) &&
-           ::WriteFile(h, text.data(), static_cast<DWORD>(text.size()), &done, nullptr) &&
-           done == text.size() && ::FlushFileBuffers(h);
-}
-
-std::int64_t processId()
-{
-    return static_cast<std::int64_t>(::GetCurrentProcessId());
-}
-
-std::string hostName()
-{
-    char name[MAX_COMPUTERNAME_LENGTH + 1] = {};
-    DWORD size = sizeof name;
-    return ::GetComputerNameA(name, &size) ? std::string(name, size) : std::string();
-}
-
-#else // POSIX
-
-using Handle = int;
-
-Handle toHandle(std::intptr_t h)
-{
-    return static_cast<Handle>(h);
-}
-
-std::optional<Handle> openLockFile(const fs::path& path, bool create, std::string& error)
-{
-    // Readable by all so that any program can say who holds the folder; it names no data.
-    const int fd = create ? ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644)
-                          : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) {
-        error = std::strerror(errno);
-        return std::nullopt;
-    }
-    return fd;
-}
-
-// flock belongs to the open file, not to the process: a second open of the file in this program
-// conflicts as another program would, and closing some other descriptor of the file (as reading
-// the holder does) leaves the lock alone, unlike fcntl's record locks.
-bool tryLock(Handle fd, bool exclusive, bool& busy)
-{
-    for (;;) {
-        if (::flock(fd, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0)
-            return true;
-        if (errno != EINTR)
-            break;
-    }
-    busy = errno == EWOULDBLOCK;
-    return false;
-}
-
-void unlock(Handle fd)
-{
-    ::flock(fd, LOCK_UN);
-}
-
-void closeHandle(Handle fd)
-{
-    ::close(fd);
-}
-
-std::string readText(Handle fd)
-{
-    std::string text;
-    char buffer[512];
-    off_t at = 0;
-    while (text.size() < 4096) {
-        const ssize_t n = ::pread(fd, buffer, sizeof buffer, at);
-        if (n <= 0)
-            break;
-        text.append(buffer, static_cast<std::size_t>(n));
-        at += n;
-    }
-    return text;
-}
-
-bool replaceText(Handle fd, const std::string& text)
-{
-    return ::ftruncate(fd, 0) == 0 &&
-           ::pwrite(fd, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()) &&
-           ::fsync(fd) == 0;
-}
-
-std::int64_t processId()
-{
-    return static_cast<std::int64_t>(::getpid());
-}
-
-std::string hostName()
-{
-    char name[256] = {};
-    if (::gethostname(name, sizeof name - 1) != 0)
-        return {};
-    return name;
-}
-
-#endif
-// ---- End of the platform section.
+using platform::LockHandle;
 
 // The holder's text of a lock file that is locked elsewhere. The holder writes it just after
 // taking the lock, so an empty text is read again for a moment before it is taken as unknown.
-LockHolder holderIn(Handle h)
+LockHolder holderIn(LockHandle h)
 {
     for (int attempt = 0; attempt < 20; ++attempt) {
-        if (auto holder = FolderLock::parse(readText(h)))
+        if (auto holder = FolderLock::parse(platform::readText(h)))
             return *holder;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
@@ -237,14 +57,14 @@ FolderLock::Attempt FolderLock::acquire(const fs::path& folder)
     Attempt attempt;
     const fs::path path = folder / FileName;
     std::string error;
-    const auto opened = openLockFile(path, true, error);
+    const auto opened = platform::openLockFile(path, true, error);
     if (!opened) {
         attempt.error = FileError{FileErrorCode::CannotWrite, path.string(), 0, error};
         return attempt;
     }
-    const Handle h = *opened;
+    const LockHandle h = *opened;
     bool busy = false;
-    if (!tryLock(h, true, busy)) {
+    if (!platform::tryLock(h, true, busy)) {
         if (busy) {
             attempt.outcome = Outcome::HeldByOther;
             attempt.holder = holderIn(h);
@@ -252,22 +72,19 @@ FolderLock::Attempt FolderLock::acquire(const fs::path& folder)
             attempt.error = FileError{FileErrorCode::CannotWrite, path.string(), 0,
                                       "the folder's lock file cannot be locked"};
         }
-        closeHandle(h);
+        platform::closeHandle(h);
         return attempt;
     }
     // A holder's text under a free lock is what a program that did not end in order left.
-    if (auto former = parse(readText(h))) {
+    if (auto former = parse(platform::readText(h))) {
         attempt.wasStale = true;
         attempt.holder = *former;
     }
     // Were the text not written (a full disk), the folder is still held; others then cannot
     // name the holder.
-    (void)replaceText(h, describe(LockHolder{processId(), hostName(), std::time(nullptr)}));
-#if defined(_WIN32)
-    m_handle = reinterpret_cast<std::intptr_t>(h);
-#else
+    const LockHolder me{platform::processId(), platform::hostName(), std::time(nullptr)};
+    (void)platform::replaceText(h, describe(me));
     m_handle = h;
-#endif
     m_folder = folder;
     attempt.outcome = Outcome::Taken;
     return attempt;
@@ -277,10 +94,10 @@ void FolderLock::release()
 {
     if (!held())
         return;
-    const Handle h = toHandle(m_handle);
-    (void)replaceText(h, {});
-    unlock(h);
-    closeHandle(h);
+    const LockHandle h = m_handle;
+    (void)platform::replaceText(h, {});
+    platform::unlock(h);
+    platform::closeHandle(h);
     m_handle = NoHandle;
     m_folder.clear();
 }
@@ -288,17 +105,17 @@ void FolderLock::release()
 std::optional<LockHolder> FolderLock::holderOf(const fs::path& folder)
 {
     std::string error;
-    const auto opened = openLockFile(folder / FileName, false, error);
+    const auto opened = platform::openLockFile(folder / FileName, false, error);
     if (!opened)
         return std::nullopt;
-    const Handle h = *opened;
+    const LockHandle h = *opened;
     bool busy = false;
     std::optional<LockHolder> holder;
-    if (tryLock(h, false, busy))
-        unlock(h);
+    if (platform::tryLock(h, false, busy))
+        platform::unlock(h);
     else if (busy)
         holder = holderIn(h);
-    closeHandle(h);
+    platform::closeHandle(h);
     return holder;
 }
 

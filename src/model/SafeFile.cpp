@@ -1,9 +1,6 @@
 #include "model/SafeFile.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <ctime>
 #include <optional>
 #include <random>

@@ -121,4 +121,9 @@ std::string utf8ToCp1252(std::string_view utf8)
     return out;
 }
 
+std::filesystem::path pathFromUtf8(std::string_view utf8)
+{
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
 } // namespace velmora::model

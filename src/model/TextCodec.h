@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -11,5 +12,10 @@ namespace velmora::model {
 // round trip). Characters that Windows-1252 cannot hold, and malformed UTF-8, become '?'.
 std::string cp1252ToUtf8(std::string_view cp1252);
 std::string utf8ToCp1252(std::string_view utf8);
+
+// A path from UTF-8 text (a command-line argument, a name typed). The constructor of
+// std::filesystem::path from 8-bit text takes it in the system's 8-bit encoding, which on
+// Windows is no UTF-8, while path::string() gives UTF-8 there: this is the way back.
+std::filesystem::path pathFromUtf8(std::string_view utf8);
 
 } // namespace velmora::model

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <unistd.h> // getpid, also in MinGW
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -12,6 +10,7 @@
 #include "model/UserDatabase.h"
 #include "support/Builders.h"
 #include "support/Fixtures.h"
+#include "support/Shell.h"
 #include "support/TempDir.h"
 #include "support/TransferBytes.h"
 
@@ -30,10 +29,7 @@ struct CliRun
 
 std::string quote(const std::string& s)
 {
-    std::string q = "'";
-    for (char c : s)
-        q += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return q + "'";
+    return shellQuote(s);
 }
 
 std::string slurp(const fs::path& p)
@@ -48,10 +44,9 @@ CliRun cli(const TempDir& dir, const std::string& args, const fs::path& program 
 {
     const fs::path out = dir / "stdout.txt";
     const fs::path err = dir / "stderr.txt";
-    const std::string command = quote(program.string()) + " " + args + " >" + quote(out.string()) +
-                                " 2>" + quote(err.string());
-    const int status = std::system(command.c_str());
-    CliRun r{WIFEXITED(status) ? WEXITSTATUS(status) : -1, slurp(out), slurp(err)};
+    const std::string command = quote(fs::path(program).make_preferred().string()) + " " + args +
+                                " >" + quote(out.string()) + " 2>" + quote(err.string());
+    CliRun r{runShell(command), slurp(out), slurp(err)};
     fs::remove(out);
     fs::remove(err);
     return r;
@@ -220,11 +215,16 @@ TEST(Cli, ResaveLoadsAndSavesTheDataFolder)
     // A data folder without "foods.db" uses the one beside the program, as the program does.
     TempDir nofoods;
     fs::create_directory(nofoods / "bin");
-    fs::copy_file(VELMORA_CLI, nofoods / "bin" / "velmora-cli");
+    const fs::path program = VELMORA_CLI;
+    fs::copy_file(program, nofoods / "bin" / program.filename());
+    // The runtime libraries that a Windows build keeps beside its programs go with it.
+    for (const auto& e : fs::directory_iterator(program.parent_path()))
+        if (e.path().extension() == ".dll")
+            fs::copy_file(e.path(), nofoods / "bin" / e.path().filename());
     writeBytes(nofoods / "bin" / "foods.db", handMadeFoods());
     fs::create_directory(nofoods / "data");
     r = cli(nofoods, "resave --data-dir " + quote((nofoods / "data").string()),
-            nofoods / "bin" / "velmora-cli");
+            nofoods / "bin" / program.filename());
     ASSERT_EQ(r.exitCode, 0) << r.err;
     EXPECT_TRUE(fs::exists(nofoods / "data" / "velmora.db"));
 

@@ -10,6 +10,7 @@
 #include "model/FolderLock.h"
 #include "model/Store.h"
 #include "model/TextCodec.h"
+#include "platform/Console.h"
 
 namespace velmora::cli {
 
@@ -54,15 +55,7 @@ namespace fs = std::filesystem;
 
 fs::path programFolder(const char* argv0)
 {
-#if defined(__linux__)
-    std::error_code ec;
-    const fs::path self = fs::read_symlink("/proc/self/exe", ec);
-    if (!ec)
-        return self.parent_path();
-#endif
-    std::error_code ec2;
-    const fs::path p = fs::absolute(argv0, ec2);
-    return ec2 ? fs::current_path() : p.parent_path();
+    return runningProgram(argv0).parent_path();
 }
 
 std::optional<model::CalendarDate> parseIsoDate(const std::string& text)
@@ -96,9 +89,9 @@ bool takeUserDataOptions(std::vector<std::string>& args, UserDataOptions& option
                 return false;
             const std::string& v = args[++i];
             if (a == "--data-dir") {
-                options.dataDir = v;
+                options.dataDir = model::pathFromUtf8(v);
             } else if (a == "--foods") {
-                options.foods = v;
+                options.foods = model::pathFromUtf8(v);
             } else if (a == "--user") {
                 options.user = v;
             } else {

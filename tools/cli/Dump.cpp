@@ -5,6 +5,7 @@
 
 #include "model/FileKinds.h"
 #include "model/SafeFile.h"
+#include "model/TextCodec.h"
 
 namespace velmora::cli {
 
@@ -24,7 +25,7 @@ int dumpCommand(const std::vector<std::string>& args, const char*)
     const model::FileKindInfo* kind = args.size() == 2 ? model::findFileKind(args[0]) : nullptr;
     if (!kind)
         return usage(dumpHelp());
-    auto bytes = model::readWholeFile(args[1]);
+    auto bytes = model::readWholeFile(model::pathFromUtf8(args[1]));
     if (!bytes)
         return fail(bytes.error().message());
     auto json = kind->json(bytes.value(), args[1]);

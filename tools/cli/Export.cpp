@@ -5,6 +5,7 @@
 
 #include "export/JournalExport.h"
 #include "model/Store.h"
+#include "model/TextCodec.h"
 
 namespace velmora::cli {
 
@@ -40,7 +41,7 @@ int exportCommand(const std::vector<std::string>& arguments, const char* argv0)
         if (args[i] == "--json") {
             options.json = true;
         } else if (args[i] == "--out" && i + 1 < args.size()) {
-            out = args[++i];
+            out = model::pathFromUtf8(args[++i]);
         } else {
             return usage(exportHelp());
         }

@@ -9,6 +9,7 @@
 #include "model/FolderLock.h"
 #include "model/SafeFile.h"
 #include "model/Store.h"
+#include "model/TextCodec.h"
 
 namespace velmora::cli {
 
@@ -56,7 +57,7 @@ int importHealthCommand(const std::vector<std::string>& arguments, const char* a
         else if (a == "--yes")
             yes = true;
         else if (file.empty() && !a.starts_with("--"))
-            file = a;
+            file = model::pathFromUtf8(a);
         else
             return usage(importHealthHelp());
     }

@@ -6,6 +6,7 @@
 #include "model/DataLocations.h"
 #include "model/FolderLock.h"
 #include "model/Store.h"
+#include "model/TextCodec.h"
 
 namespace velmora::cli {
 
@@ -36,9 +37,9 @@ int resaveCommand(const std::vector<std::string>& args, const char* argv0)
         if (i + 1 >= args.size())
             return usage(resaveHelp());
         if (args[i] == "--data-dir")
-            search.dataDirOption = args[i + 1];
+            search.dataDirOption = pathFromUtf8(args[i + 1]);
         else if (args[i] == "--foods")
-            search.foodsOption = args[i + 1];
+            search.foodsOption = pathFromUtf8(args[i + 1]);
         else
             return usage(resaveHelp());
     }

@@ -3,6 +3,7 @@
 
 #include "model/FileKinds.h"
 #include "model/SafeFile.h"
+#include "model/TextCodec.h"
 
 namespace velmora::cli {
 
@@ -25,13 +26,14 @@ int rewriteCommand(const std::vector<std::string>& args, const char*)
     const model::FileKindInfo* kind = args.size() == 3 ? model::findFileKind(args[0]) : nullptr;
     if (!kind)
         return usage(rewriteHelp());
-    auto bytes = model::readWholeFile(args[1]);
+    auto bytes = model::readWholeFile(model::pathFromUtf8(args[1]));
     if (!bytes)
         return fail(bytes.error().message());
     auto out = kind->rewrite(bytes.value(), args[1]);
     if (!out)
         return fail(out.error().message());
-    if (model::Status written = model::writeFileAtomically(args[2], out.value()); !written)
+    const std::filesystem::path target = model::pathFromUtf8(args[2]);
+    if (model::Status written = model::writeFileAtomically(target, out.value()); !written)
         return fail(written.error().message());
     return 0;
 }

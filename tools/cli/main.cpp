@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Command.h"
+#include "platform/Console.h"
 
 using namespace velmora::cli;
 
@@ -53,7 +54,8 @@ std::string mainHelp()
 
 int main(int argc, char** argv)
 {
-    std::vector<std::string> args(argv + 1, argv + argc);
+    prepareConsole();
+    std::vector<std::string> args = commandArguments(argc, argv);
     if (args.empty())
         return usage(mainHelp());
     const std::string name = args.front();

@@ -7,6 +7,7 @@
 #include "model/DataLocations.h"
 #include "model/FolderLock.h"
 #include "model/Store.h"
+#include "model/TextCodec.h"
 #include "sync/logic/SyncOperation.h"
 
 namespace velmora::sync {
@@ -83,7 +84,7 @@ int runSyncCommand(const std::vector<std::string>& args, std::ostream& out, std:
         err << SyncCommandHelp;
         return 2;
     }
-    const std::filesystem::path dir = a.dataDir;
+    const std::filesystem::path dir = model::pathFromUtf8(a.dataDir);
     model::DataSearch search;
     search.dataDirOption = dir;
     search.programDir = programDir.empty() ? dir : programDir;

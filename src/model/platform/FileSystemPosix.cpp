@@ -1,23 +1,14 @@
+// The file system of POSIX systems (Linux, macOS) behind FileSystem; the Windows one is
+// FileSystemWindows.cpp. CMake builds one of the two.
 #include "model/FileSystem.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 #include <string>
-#include <system_error>
 
-// ---- Platform section: the only place of the core that calls the operating system's file API.
-#if defined(_WIN32)
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
-#else
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 namespace velmora::model {
 
@@ -32,157 +23,6 @@ FileError osError(FileErrorCode code, const fs::path& path, const std::string& t
 {
     return FileError{code, path.string(), 0, text};
 }
-
-#if defined(_WIN32)
-
-std::string lastErrorText()
-{
-    return std::system_category().message(static_cast<int>(::GetLastError()));
-}
-
-HANDLE handleOf(FileHandle f)
-{
-    return reinterpret_cast<HANDLE>(f);
-}
-
-class RealFileSystem final : public FileSystem
-{
-public:
-    Result<fs::path> resolveLinks(const fs::path& path) override
-    {
-        fs::path p = path;
-        for (int depth = 0; depth < MaxLinkDepth; ++depth) {
-            std::error_code ec;
-            if (!fs::is_symlink(p, ec))
-                return p;
-            const fs::path target = fs::read_symlink(p, ec);
-            if (ec)
-                return osError(FileErrorCode::CannotOpen, p, ec.message());
-            p = target.is_absolute() ? target : p.parent_path() / target;
-        }
-        return osError(FileErrorCode::CannotOpen, path, "too many levels of symbolic links");
-    }
-
-    Result<FileFacts> facts(const fs::path& path) override
-    {
-        std::error_code ec;
-        const auto status = fs::status(path, ec);
-        if (!fs::exists(status))
-            return osError(FileErrorCode::NotFound, path, "the file does not exist");
-        FileFacts f;
-        f.size = fs::file_size(path, ec);
-        if (ec)
-            return osError(FileErrorCode::CannotOpen, path, ec.message());
-        const auto t = fs::last_write_time(path, ec);
-        if (ec)
-            return osError(FileErrorCode::CannotOpen, path, ec.message());
-        const auto utc = std::chrono::clock_cast<std::chrono::system_clock>(t);
-        f.modifiedNs =
-            std::chrono::duration_cast<std::chrono::nanoseconds>(utc.time_since_epoch()).count();
-        return f;
-    }
-
-    Status canWrite(const fs::path& path) override
-    {
-        const DWORD attributes = ::GetFileAttributesW(path.wstring().c_str());
-        if (attributes == INVALID_FILE_ATTRIBUTES) {
-            const DWORD err = ::GetLastError();
-            return osError(err == ERROR_FILE_NOT_FOUND || err == ERROR_PATH_NOT_FOUND
-                               ? FileErrorCode::NotFound
-                               : FileErrorCode::CannotWrite,
-                           path, std::system_category().message(static_cast<int>(err)));
-        }
-        // The read-only attribute of a folder says nothing about its files.
-        if ((attributes & FILE_ATTRIBUTE_READONLY) && !(attributes & FILE_ATTRIBUTE_DIRECTORY))
-            return osError(FileErrorCode::CannotWrite, path, "the file is marked read-only");
-        return Status::success();
-    }
-
-    Result<FileHandle> openRead(const fs::path& path) override
-    {
-        HANDLE h = ::CreateFileW(path.wstring().c_str(), GENERIC_READ,
-                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                 OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (h == INVALID_HANDLE_VALUE) {
-            const DWORD err = ::GetLastError();
-            return osError(err == ERROR_FILE_NOT_FOUND || err == ERROR_PATH_NOT_FOUND
-                               ? FileErrorCode::NotFound
-                               : FileErrorCode::CannotOpen,
-                           path, std::system_category().message(static_cast<int>(err)));
-        }
-        return reinterpret_cast<FileHandle>(h);
-    }
-
-    Result<FileHandle> createNew(const fs::path& path, unsigned) override
-    {
-        // The new file takes the folder's access rules, as every file made in it does.
-        HANDLE h = ::CreateFileW(path.wstring().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                 FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (h == INVALID_HANDLE_VALUE)
-            return osError(FileErrorCode::CannotWrite, path, lastErrorText());
-        return reinterpret_cast<FileHandle>(h);
-    }
-
-    Result<std::size_t> read(FileHandle file, std::span<std::uint8_t> buffer) override
-    {
-        DWORD got = 0;
-        const DWORD want = static_cast<DWORD>(std::min<std::size_t>(buffer.size(), 1u << 30));
-        if (!::ReadFile(handleOf(file), buffer.data(), want, &got, nullptr))
-            return osError(FileErrorCode::CannotOpen, {}, lastErrorText());
-        return static_cast<std::size_t>(got);
-    }
-
-    Status write(FileHandle file, std::span<const std::uint8_t> bytes) override
-    {
-        while (!bytes.empty()) {
-            DWORD done = 0;
-            const DWORD want = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 30));
-            if (!::WriteFile(handleOf(file), bytes.data(), want, &done, nullptr))
-                return osError(FileErrorCode::CannotWrite, {}, lastErrorText());
-            bytes = bytes.subspan(done);
-        }
-        return Status::success();
-    }
-
-    Status sync(FileHandle file) override
-    {
-        if (!::FlushFileBuffers(handleOf(file)))
-            return osError(FileErrorCode::CannotWrite, {}, lastErrorText());
-        return Status::success();
-    }
-
-    // Windows files carry no POSIX permission bits or owner ids; a new file takes the folder's
-    // access rules, which is what the replaced file had.
-    Status setMode(FileHandle, unsigned) override { return Status::success(); }
-    Status setOwner(FileHandle, std::int64_t, std::int64_t) override { return Status::success(); }
-
-    Status close(FileHandle file) override
-    {
-        if (!::CloseHandle(handleOf(file)))
-            return osError(FileErrorCode::CannotWrite, {}, lastErrorText());
-        return Status::success();
-    }
-
-    Status rename(const fs::path& from, const fs::path& to) override
-    {
-        if (!::MoveFileExW(from.wstring().c_str(), to.wstring().c_str(),
-                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            return osError(FileErrorCode::CannotWrite, to, lastErrorText());
-        return Status::success();
-    }
-
-    Status remove(const fs::path& path) override
-    {
-        if (!::DeleteFileW(path.wstring().c_str()))
-            return osError(FileErrorCode::CannotWrite, path, lastErrorText());
-        return Status::success();
-    }
-
-    // MOVEFILE_WRITE_THROUGH above already waits for the folder's entry.
-    Status syncFolder(const fs::path&) override { return Status::success(); }
-};
-
-#else // POSIX
 
 std::string errnoText(int err)
 {
@@ -365,9 +205,6 @@ public:
         return Status::success();
     }
 };
-
-#endif
-// ---- End of the platform section.
 
 } // namespace
 
