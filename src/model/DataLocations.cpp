@@ -56,12 +56,6 @@ bool holdsUserData(const fs::path& dir)
     return fs::exists(dir / "velmora.db", ec) || fs::exists(dir / "velmora.db.bak", ec);
 }
 
-fs::path environmentPath(const char* name)
-{
-    const char* v = std::getenv(name);
-    return v && *v ? fs::path(v) : fs::path();
-}
-
 } // namespace
 
 fs::path DataLocations::foodsToLoad() const
