@@ -1,9 +1,9 @@
 #include "model/JsonWriter.h"
 
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 
 #include "model/TextCodec.h"
 
@@ -148,16 +148,18 @@ void JsonWriter::boolean(const char* key, bool v)
 
 void JsonWriter::time(const char* key, TimeT t)
 {
-    const std::time_t tt = static_cast<std::time_t>(t);
-    std::tm f{};
-#if defined(_WIN32)
-    gmtime_s(&f, &tt);
-#else
-    gmtime_r(&tt, &f);
-#endif
+    // By the calendar arithmetic of <chrono>, not the C library: the handheld files hold signed
+    // times, and gmtime refuses times before 1970 on some systems.
+    using namespace std::chrono;
+    const sys_seconds moment{seconds{static_cast<std::int64_t>(t)}};
+    const sys_days day = floor<days>(moment);
+    const year_month_day date{day};
+    const hh_mm_ss clock{moment - day};
     char buf[80];
-    std::snprintf(buf, sizeof buf, "%04d-%02d-%02dT%02d:%02d:%02dZ", f.tm_year + 1900, f.tm_mon + 1,
-                  f.tm_mday, f.tm_hour, f.tm_min, f.tm_sec);
+    std::snprintf(buf, sizeof buf, "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(date.year()),
+                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()));
     prefix(key);
     quoted(buf);
 }

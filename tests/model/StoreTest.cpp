@@ -50,13 +50,13 @@ TEST(Normalise, CustomFoodsDeduplicatedToTheFirstAndSortedByteWise)
     s.shared.customFoods = {FoodBuilder(cat, 70001, "apple pie").serving(1),
                             FoodBuilder(cat, 70002, "Banana bread").serving(2),
                             FoodBuilder(cat, 70001, "Apple (copy)").serving(3),
-                            FoodBuilder(cat, 70003, "\xC9clair").serving(4)};
-    s.shared.variables = {{1, "zinc"}, {2, "Zinc"}, {3, "B12"}};
+                            FoodBuilder(cat, 70003, "\xC9" "clair").serving(4)};
+    s.shared.variables = {{1, "zinc", 0.0f, {}}, {2, "Zinc", 0.0f, {}}, {3, "B12", 0.0f, {}}};
     s.normalise();
     ASSERT_EQ(s.shared.customFoods.size(), 3u);
     EXPECT_EQ(s.shared.customFoods[0].name, "Banana bread"); // capital B before small a
     EXPECT_EQ(s.shared.customFoods[1].name, "apple pie");    // the first of the duplicates stays
-    EXPECT_EQ(s.shared.customFoods[2].name, "\xC9clair");    // bytes above 0x7F compare unsigned
+    EXPECT_EQ(s.shared.customFoods[2].name, "\xC9" "clair");    // bytes above 0x7F compare unsigned
     EXPECT_EQ(s.shared.variables[0].name, "B12");
     EXPECT_EQ(s.shared.variables[1].name, "Zinc");
     EXPECT_EQ(s.shared.variables[2].name, "zinc");
@@ -218,7 +218,7 @@ TEST(StoreSave, SavingWritesANormalisedCopyAndLeavesTheLiveListsAsTheyAre)
     // workout of a routine that is gone.
     const auto cat = standardCatalogue();
     s.shared.customFoods.push_back(FoodBuilder(cat, 70010, "Apple").serving(1));
-    s.shared.variables.push_back({90, "Aardvark"});
+    s.shared.variables.push_back({90, "Aardvark", 0.0f, {}});
     WorkoutEntry stale;
     stale.routine = 4242;
     s.journal.days[0].workouts.push_back(stale);

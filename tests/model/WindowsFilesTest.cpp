@@ -140,7 +140,7 @@ TEST(WindowsFiles, AUserNameBeyondAsciiNamesTheFileThatTheCodePageGivesIt)
         ASSERT_TRUE(report.userFileRead);
         ASSERT_EQ(s.journal.days.size(), 2u);
         s.journal.days.pop_back();
-        ASSERT_TRUE(s.saveCurrentUser(Release::No).ok());
+        ASSERT_TRUE(s.saveCurrentUser().ok());
 
         // The save replaced that same file, kept its backup, and made no file of another name.
         EXPECT_TRUE(namesIn(dir.path()).contains(std::wstring(c.file) + L".bak"));
