@@ -1,4 +1,4 @@
-// The journal notes page: "Previous Entries" per category and what storing a note makes.
+// The journal notes page: "Previous Entries" per category and the note of a day.
 
 #include <gtest/gtest.h>
 
@@ -36,21 +36,4 @@ TEST(JournalNotes, PreviousEntriesPerCategory)
     EXPECT_EQ(noteOf(journal, {2026, 3, 1}, Fitness), "Ran 5 km");
     EXPECT_EQ(noteOf(journal, {2026, 3, 1}, Diet), "");
     EXPECT_EQ(noteOf(journal, {2026, 4, 1}, Diet), "");
-
-    struct Case
-    {
-        model::CalendarDate date;
-        const char* text;
-        StoreAction action;
-    };
-    const Case cases[] = {
-        {{2026, 4, 1}, "", StoreAction::Nothing}, // an empty note makes no day
-        {{2026, 4, 1}, "Felt fine", StoreAction::AppendDay},
-        {{2026, 3, 3}, "", StoreAction::UpdateDay},
-        {{2026, 3, 1}, "", StoreAction::UpdateDay}, // clears the note of that day
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(planNoteStore(journal, c.date, c.text).action, c.action);
-    }
 }

@@ -1,14 +1,23 @@
 #pragma once
 
-// Helpers shared by the widget tests of the subsystems: an application context double and a way
-// to answer modal dialogs from inside a test.
+// Helpers shared by the widget tests of the subsystems: an application context double, private
+// settings, a way to answer modal dialogs and pop-up menus from inside a test, and the mouse and
+// keyboard actions of a user.
 
 #include <functional>
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -35,6 +44,12 @@ public:
     QString status;
 };
 
+// Keeps the settings of a test program in a folder of its own.
+inline void keepSettingsIn(const QTemporaryDir& folder)
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+}
+
 // Runs action on the next modal dialog as soon as it is shown.
 inline void onNextModal(std::function<void(QWidget*)> action)
 {
@@ -50,6 +65,23 @@ inline void onNextModal(std::function<void(QWidget*)> action)
     timer->start();
 }
 
+// Chooses the entry of the next pop-up menu that lies `downs` presses of the arrow key down.
+inline void onNextMenuChoose(int downs)
+{
+    auto* timer = new QTimer;
+    timer->setInterval(10);
+    QObject::connect(timer, &QTimer::timeout, [timer, downs] {
+        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+            timer->stop();
+            timer->deleteLater();
+            for (int i = 0; i < downs; ++i)
+                QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Return);
+        }
+    });
+    timer->start();
+}
+
 // The push button of a dialog with exactly this text, or nullptr.
 inline QPushButton* buttonOf(QWidget* w, const QString& text)
 {
@@ -57,6 +89,98 @@ inline QPushButton* buttonOf(QWidget* w, const QString& text)
         if (b->text() == text)
             return b;
     return nullptr;
+}
+
+// Clicks a button with the mouse; a missing or disabled button fails the test.
+inline void click(QAbstractButton* button)
+{
+    QVERIFY(button != nullptr);
+    QVERIFY(button->isEnabled());
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+inline void clickButton(QWidget* w, const QString& text)
+{
+    QPushButton* b = buttonOf(w, text);
+    QVERIFY2(b != nullptr, qPrintable(text));
+    click(b);
+}
+
+inline void clickRadio(QWidget* w, const QString& text)
+{
+    for (QRadioButton* r : w->findChildren<QRadioButton*>())
+        if (r->text() == text)
+            return click(r);
+    QFAIL(qPrintable(text));
+}
+
+// Types into an edit as a user does: selects what it holds, then types the new text (letters
+// beyond ASCII come as the text of a key the keyboard has no code for).
+inline void retype(QWidget* edit, const QString& text)
+{
+    QVERIFY(edit != nullptr);
+    edit->setFocus();
+    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+    for (QChar c : text) {
+        if (c.unicode() < 128)
+            QTest::keyClick(edit, c.toLatin1());
+        else
+            QTest::sendKeyEvent(QTest::Click, edit, Qt::Key_unknown, QString(c), {});
+    }
+}
+
+// Ticks or clears a check box with the space bar.
+inline void toggle(QAbstractButton* box)
+{
+    QVERIFY(box != nullptr);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_Space);
+}
+
+// Moves a drop list to an item with the arrow keys.
+inline void chooseItem(QComboBox* box, int index)
+{
+    QVERIFY(box != nullptr);
+    box->setFocus();
+    for (int i = 0; i < box->count() + 1 && box->currentIndex() != index; ++i)
+        QTest::keyClick(box, box->currentIndex() < index ? Qt::Key_Down : Qt::Key_Up);
+    QCOMPARE(box->currentIndex(), index);
+}
+
+// Types a value into a cell of a table as a user does: a click on the cell, F2, the text over
+// what the cell held, and Return.
+inline void editCell(QTableWidget* table, int row, int column, const QString& text)
+{
+    QVERIFY(table != nullptr);
+    const QModelIndex index = table->model()->index(row, column);
+    table->scrollTo(index);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      table->visualRect(index).center());
+    QTest::keyClick(table, Qt::Key_F2);
+    QLineEdit* editor = nullptr;
+    for (QLineEdit* e : table->viewport()->findChildren<QLineEdit*>())
+        if (e->isVisible())
+            editor = e;
+    QVERIFY(editor != nullptr);
+    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(editor, text);
+    const QPointer<QLineEdit> open(editor);
+    QTest::keyClick(editor, Qt::Key_Return);
+    // The view commits and closes the editor from its event loop, as it does for a user.
+    QTRY_VERIFY(open.isNull() || !open->isVisible());
+}
+
+// Types a date into a date edit as a user does: the first section chosen with the keyboard, then
+// the digits, each section moving on to the next once full.
+inline void typeDate(QDateEdit* edit, QDate date)
+{
+    QVERIFY(edit != nullptr);
+    edit->setFocus();
+    QTest::keyClick(edit, Qt::Key_Home);
+    QTest::keyClick(edit, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(edit, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClicks(edit, date.toString(edit->displayFormat()).remove(QLatin1Char('/')));
+    QCOMPARE(edit->date(), date);
 }
 
 // Clicks an item where the user sees it: on its rectangle in the view's viewport.

@@ -25,6 +25,7 @@
 #include "ui/Messages.h"
 #include "update/TipDialog.h"
 #include "test_app_support.h"
+#include "GuiTestSupport.h"
 
 using namespace velmora;
 using velmora::test::click;
@@ -67,14 +68,11 @@ private slots:
         app::MainWindow& window = *m_app->window();
         app::LeftForm& form = *window.leftForm();
         // Top to bottom: journal notes, health, fitness log, food, journal list, graphs.
-        QList<int> ids;
-        QList<int> shown;
-        for (const auto& b : app::LeftForm::Buttons) {
-            ids.append(b.commandId);
-            shown.append(ui::pageIndex(b.page));
-        }
-        QCOMPARE(ids, (QList<int>{1017, 1001, 1002, 1000, 1018, 1019}));
-        QCOMPARE(shown, (QList<int>{3, 1, 4, 0, 2, 5}));
+        QList<std::pair<int, int>> buttons; // command, page
+        for (const auto& b : app::LeftForm::Buttons)
+            buttons.append({b.commandId, ui::pageIndex(b.page)});
+        QCOMPARE(buttons, (QList<std::pair<int, int>>{
+                              {1017, 3}, {1001, 1}, {1002, 4}, {1000, 0}, {1018, 2}, {1019, 5}}));
 
         // The food page at start.
         QCOMPARE(window.pageHost()->currentIndex(), 0);
@@ -82,7 +80,7 @@ private slots:
 
         for (const auto& b : app::LeftForm::Buttons) {
             window.showStatus(QStringLiteral("something"));
-            form.buttonForCommand(b.commandId)->click();
+            QTest::mouseClick(form.buttonForCommand(b.commandId), Qt::LeftButton);
             QCOMPARE(window.pageHost()->currentIndex(), ui::pageIndex(b.page));
             QCOMPARE(checkedPages(form), QList<int>{ui::pageIndex(b.page)});
             QCOMPARE(window.statusBar()->currentMessage(), QString());
@@ -91,8 +89,8 @@ private slots:
             QVERIFY(stack->currentWidget()->isAncestorOf(window.pageHost()->page(b.page)));
         }
         // Clicking the selected button again keeps it selected.
-        form.buttonForCommand(1019)->click();
-        QCOMPARE(checkedPages(form), QList<int>{5});
+        QTest::mouseClick(form.buttonForCommand(1019), Qt::LeftButton);
+        QCOMPARE(checkedPages(form), QList<int>{ui::pageIndex(ui::PageId::Graphs)});
         window.showPage(ui::PageId::Food);
         QCOMPARE(checkedPages(form), QList<int>{0});
     }
@@ -177,7 +175,7 @@ private slots:
             first = {days->itemText(0), days->itemText(1)};
             last = {days->itemText(days->count() - 1)};
             selectedAtOpen = days->currentIndex();
-            days->setCurrentIndex(days->findText(QStringLiteral("30")));
+            test::chooseItem(days, days->findText(QStringLiteral("30")));
             click(w, QStringLiteral("OK"));
         });
         m_app->window()->options();
@@ -210,9 +208,8 @@ private slots:
         QCOMPARE(dialog.findChild<QComboBox*>(QStringLiteral("daysInLists"))->currentIndex(), -1);
         QVERIFY(dialog.findChild<QCheckBox*>(QStringLiteral("deleteConfirmations"))->isChecked());
         QVERIFY(!dialog.findChild<QCheckBox*>(QStringLiteral("useMetric"))->isChecked());
-        dialog.findChild<QCheckBox*>(QStringLiteral("deleteConfirmations"))->setChecked(false);
-        dialog.findChild<QCheckBox*>(QStringLiteral("useMetric"))->setChecked(true);
-        dialog.findChild<QCheckBox*>(QStringLiteral("showTips"))->setChecked(true);
+        for (const char* box : {"deleteConfirmations", "useMetric", "showTips"})
+            test::toggle(dialog.findChild<QCheckBox*>(QString::fromLatin1(box)));
         click(&dialog, ok ? QStringLiteral("OK") : QStringLiteral("Cancel"));
 
         QCOMPARE(store.journal.user.metric, ok ? 1 : 0);
@@ -234,13 +231,15 @@ private slots:
         QStringList seen;
         for (int opening = 0; opening < 4; ++opening) {
             update::TipDialog tips(nullptr, path);
+            tips.show();
             seen.append(tips.currentTip());
-            tips.accept();
+            test::clickButton(&tips, QStringLiteral("Close"));
         }
         QCOMPARE(seen, (QStringList{QStringLiteral("First tip"), QStringLiteral("Second tip"),
                                     QStringLiteral("Third tip"), QStringLiteral("First tip")}));
         update::TipDialog tips(nullptr, path);
-        tips.showNextTip();
+        tips.show();
+        test::clickButton(&tips, QStringLiteral("&Next Tip"));
         QCOMPARE(tips.currentTip(), QStringLiteral("Third tip"));
     }
 

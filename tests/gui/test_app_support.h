@@ -15,6 +15,7 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 
 #include "app/Application.h"
@@ -70,10 +71,11 @@ inline QAbstractButton* buttonNamed(QWidget* dialog, const QString& text)
     return nullptr;
 }
 
+// Clicks a button of a dialog with the mouse.
 inline void click(QWidget* dialog, const QString& text)
 {
     if (QAbstractButton* b = buttonNamed(dialog, text))
-        b->click();
+        QTest::mouseClick(b, Qt::LeftButton);
     else
         qWarning("no button \"%s\" in \"%s\"", qPrintable(text), qPrintable(dialog->windowTitle()));
 }

@@ -2,8 +2,6 @@
 // User Login and deleting users, and what reaches the disk on the way.
 
 #include <QComboBox>
-#include <QDateTime>
-#include <QFileInfo>
 #include <QLineEdit>
 #include <QtTest>
 
@@ -14,6 +12,7 @@
 #include "model/TextCodec.h"
 #include "ui/Messages.h"
 #include "test_app_support.h"
+#include "GuiTestSupport.h"
 
 using namespace velmora;
 using velmora::test::click;
@@ -43,11 +42,6 @@ std::size_t daysInFile(const QString& path)
         return 0;
     auto parsed = model::UserJournal::parse(bytes.value(), "user");
     return parsed ? parsed.value().days.size() : 0;
-}
-
-QDateTime modified(const QString& path)
-{
-    return QFileInfo(path).fileTime(QFileDevice::FileModificationTime);
 }
 
 std::vector<std::string> names(app::Application& app)
@@ -85,8 +79,8 @@ private slots:
                     [](QWidget* w) { click(w, QStringLiteral("Next >>")); })
             .expect(QStringLiteral("New User"),
                     [](QWidget* w) {
-                        w->findChild<QLineEdit*>(QStringLiteral("userName"))
-                            ->setText(QStringLiteral("zoë"));
+                        test::retype(w->findChild<QLineEdit*>(QStringLiteral("userName")),
+                                     QStringLiteral("zoë"));
                         click(w, QStringLiteral("OK"));
                     })
             .expect(QStringLiteral("*"), [](QWidget* w) { w->close(); }); // the diet goals
@@ -130,8 +124,8 @@ private slots:
             .expect(QStringLiteral("New User"),
                     [](QWidget* w) {
                         // Equal to the example user once its first letter is upper-cased.
-                        w->findChild<QLineEdit*>(QStringLiteral("userName"))
-                            ->setText(QStringLiteral("example User"));
+                        test::retype(w->findChild<QLineEdit*>(QStringLiteral("userName")),
+                                     QStringLiteral("example User"));
                         click(w, QStringLiteral("OK"));
                     })
             .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("OK")); })
@@ -172,12 +166,8 @@ private slots:
         QTest::newRow("small letters") << QStringLiteral("example user") << true << false << false;
         QTest::newRow("one letter more")
             << QStringLiteral("Example Users") << true << false << true;
-        QTest::newRow("empty") << QString() << false << false << false;
-        QTest::newRow("blanks only") << QStringLiteral("   ") << false << false << false;
+        // The file-name rules themselves are the core's; one stands for them here.
         QTest::newRow("path separator") << QStringLiteral("../evil") << false << false << false;
-        QTest::newRow("backslash") << QStringLiteral("a\\b") << false << false << false;
-        QTest::newRow("reserved") << QStringLiteral("CON") << false << false << false;
-        QTest::newRow("trailing dot") << QStringLiteral("Ann.") << false << false << false;
         QTest::newRow("accented") << QStringLiteral("émile") << true << false << true;
     }
 
@@ -244,13 +234,7 @@ private slots:
         QCOMPARE(daysInFile(fileIn(dir, QStringLiteral("Bob.db"))), std::size_t{2});
 
         app.window()->saveNow(); // the quiet save that adding the users scheduled
-        const QString sharedFile = fileIn(dir, QStringLiteral("velmora.db"));
-        const QString aliceFile = fileIn(dir, QStringLiteral("Alice.db"));
-        // Alice's file exists from her first switch away.
-        const QDateTime sharedBefore = modified(sharedFile);
-        const QDateTime aliceBefore = modified(aliceFile);
         const int saves = session.saveCount();
-        QTest::qWait(20);
 
         ModalScript same;
         same.expect(QStringLiteral("User Login"),
@@ -258,8 +242,6 @@ private slots:
         app.window()->userLogin();
         QVERIFY(same.finished());
         QCOMPARE(session.saveCount(), saves);
-        QCOMPARE(modified(sharedFile), sharedBefore);
-        QCOMPARE(modified(aliceFile), aliceBefore);
         QCOMPARE(int(store.shared.currentUser), 1);
         QCOMPARE(store.journal.days.size(), std::size_t{1});
 
@@ -272,7 +254,7 @@ private slots:
             for (int i = 0; i < users->count(); ++i)
                 listed.append(users->itemText(i));
             QCOMPARE(users->currentIndex(), 1);
-            users->setCurrentIndex(2);
+            test::chooseItem(users, 2);
             click(w, QStringLiteral("Login"));
         });
         app.window()->userLogin();
@@ -282,7 +264,7 @@ private slots:
         QCOMPARE(session.saveCount(), saves + 1);
         QCOMPARE(int(store.shared.currentUser), 2);
         QCOMPARE(store.journal.days.size(), std::size_t{2});
-        QCOMPARE(daysInFile(aliceFile), std::size_t{2});
+        QCOMPARE(daysInFile(fileIn(dir, QStringLiteral("Alice.db"))), std::size_t{2});
         QCOMPARE(app.window()->windowTitle(), QStringLiteral("Bob - Velmora"));
     }
 
@@ -301,9 +283,13 @@ private slots:
         QVERIFY(session.switchTo(2));
         QVERIFY(QFile::exists(fileIn(dir, QStringLiteral("Bob.db"))));
 
+        // "No" keeps the user; "Yes" deletes it.
         QStringList afterDelete;
         ModalScript script;
         script
+            .expect(QStringLiteral("User Login"),
+                    [](QWidget* w) { click(w, QStringLiteral("Delete Selected User")); })
+            .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("No")); })
             .expect(QStringLiteral("User Login"),
                     [](QWidget* w) { click(w, QStringLiteral("Delete Selected User")); })
             .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("Yes")); })
@@ -315,7 +301,7 @@ private slots:
             });
         app.window()->userLogin();
         QVERIFY(script.finished());
-        QCOMPARE(script.messages(), QStringList{ui::messageText(ui::MsgDeleteUser)});
+        QCOMPARE(script.messages(), QStringList(2, ui::messageText(ui::MsgDeleteUser)));
         QCOMPARE(afterDelete,
                  (QStringList{QStringLiteral("Example User"), QStringLiteral("Alice")}));
         QCOMPARE(names(app), (std::vector<std::string>{"Example User", "Alice"}));
@@ -323,25 +309,6 @@ private slots:
         QVERIFY(store.journal.days.empty());
         QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("Bob.db"))));
         QCOMPARE(app.window()->windowTitle(), QStringLiteral("Example User - Velmora"));
-    }
-
-    void answeringNoKeepsTheUser()
-    {
-        QTemporaryDir dir;
-        test::writeSmallFoods(dir.path());
-        app::Application app(test::appOptions(dir.path(), false));
-        QVERIFY(app.start());
-        app.window()->session().addUser("Alice");
-        ModalScript script;
-        script
-            .expect(QStringLiteral("User Login"),
-                    [](QWidget* w) { click(w, QStringLiteral("Delete Selected User")); })
-            .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("No")); })
-            .expect(QStringLiteral("User Login"),
-                    [](QWidget* w) { click(w, QStringLiteral("Cancel")); });
-        app.window()->userLogin();
-        QVERIFY(script.finished());
-        QCOMPARE(names(app), (std::vector<std::string>{"Example User", "Alice"}));
     }
 
     void deletingTheOnlyUserBringsBackTheExampleUser()

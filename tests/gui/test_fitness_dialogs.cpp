@@ -1,13 +1,7 @@
 // Dialogs of the exercise definitions driven offscreen: the muscle chart's views and buttons, and
 // "Define Exercises" making an exercise only with a checked field.
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "fitness/DefineExercisesDialog.h"
@@ -17,37 +11,21 @@
 
 using namespace velmora;
 
-namespace {
-
 using test::buttonOf;
+using test::click;
 using test::onNextModal;
-using test::TestContext;
-
-void click(QPushButton* button)
-{
-    QVERIFY(button);
-    QTest::mouseClick(button, Qt::LeftButton);
-}
-
-} // namespace
 
 class FitnessDialogsTest : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir m_settings;
+
 private slots:
-    void initTestCase();
+    void initTestCase() { test::keepSettingsIn(m_settings); }
     void muscleChartRotatesAndTellsTheExercises();
     void anExerciseIsMadeOnlyWithACheckedField();
-
-private:
-    QTemporaryDir m_settings;
 };
-
-void FitnessDialogsTest::initTestCase()
-{
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-}
 
 void FitnessDialogsTest::muscleChartRotatesAndTellsTheExercises()
 {
@@ -84,7 +62,7 @@ void FitnessDialogsTest::muscleChartRotatesAndTellsTheExercises()
 
 void FitnessDialogsTest::anExerciseIsMadeOnlyWithACheckedField()
 {
-    TestContext context;
+    test::TestContext context;
     auto& shared = context.m_store.shared;
     shared.fields = {{1, "Reps", 0}, {2, "Weight", 0}};
     const std::int32_t nextId = shared.counters.values[model::IdCounters::Exercise];
@@ -98,8 +76,7 @@ void FitnessDialogsTest::anExerciseIsMadeOnlyWithACheckedField()
         QTest::keyClicks(names->lineEdit(), QStringLiteral("bench curl"));
         if (checkWeight) {
             fields->setFocus();
-            QTest::mouseClick(fields->viewport(), Qt::LeftButton, {},
-                              fields->visualItemRect(fields->item(1)).center());
+            test::clickRow(fields, 1);
             QTest::keyClick(fields, Qt::Key_Space);
         }
         click(buttonOf(&dialog, QStringLiteral("D&one")));

@@ -2,70 +2,24 @@
 // with a value typed, a set removed and the rest renumbered; then the workout edited with a new
 // date and calories, which moves it; then deleted.
 
-#include <QApplication>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QPushButton>
-#include <QSettings>
 #include <QTableWidget>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <QTreeWidget>
 #include <QtTest>
 
 #include "fitness/DoRoutineDialog.h"
 #include "fitness/FitnessLogPage.h"
-#include "fitness/FitnessText.h"
 #include "model/DateText.h"
-#include "model/Store.h"
-#include "ui/Messages.h"
 #include "GuiTestSupport.h"
 
 using namespace velmora;
+using test::buttonOf;
+using test::click;
+using test::onNextModal;
 
 namespace {
 
-using test::buttonOf;
-using test::onNextModal;
-using test::TestContext;
-
 const model::CalendarDate Today = model::CalendarDate::fromTime(QDateTime::currentSecsSinceEpoch());
-
-void click(QWidget* button)
-{
-    QVERIFY(button);
-    QVERIFY(button->isEnabled());
-    QTest::mouseClick(button, Qt::LeftButton);
-}
-
-void clickRow(QListWidget* list, int row)
-{
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualItemRect(list->item(row)).center());
-}
-
-void clickRow(QTreeWidget* tree, QTreeWidgetItem* item)
-{
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(item).center());
-}
-
-// Chooses the first entry of the next pop-up menu.
-void chooseFirstMenuEntry(QObject* owner)
-{
-    auto* timer = new QTimer(owner);
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, [timer] {
-        if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
-            timer->stop();
-            QTest::keyClick(menu, Qt::Key_Down);
-            QTest::keyClick(menu, Qt::Key_Return);
-        }
-    });
-    timer->start();
-}
 
 QStringList texts(const QListWidget* list)
 {
@@ -89,22 +43,16 @@ class FitnessLogTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void aRoutineIsDoneThenEditedThenDeleted();
-
-private:
     QTemporaryDir m_settings;
-};
 
-void FitnessLogTest::initTestCase()
-{
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-}
+private slots:
+    void initTestCase() { test::keepSettingsIn(m_settings); }
+    void aRoutineIsDoneThenEditedThenDeleted();
+};
 
 void FitnessLogTest::aRoutineIsDoneThenEditedThenDeleted()
 {
-    TestContext context;
+    test::TestContext context;
     model::Store& store = context.m_store;
     store.shared.fields = {{1, "Reps", 0}, {2, "Weight", 0}};
     store.shared.exercises = {{10, "Press", {1, 2}}, {11, "Row", {1}}};
@@ -144,31 +92,24 @@ void FitnessLogTest::aRoutineIsDoneThenEditedThenDeleted()
         QCOMPARE(grid->item(0, 2)->text(), QStringLiteral("6"));
         QCOMPARE(grid->item(0, 2)->background().color(), QColor(192, 255, 192));
 
-        // 8 reps typed into the first set.
-        grid->setFocus();
-        QTest::keyClicks(grid, QStringLiteral("8"));
-        auto* editor = grid->viewport()->findChild<QLineEdit*>();
-        QVERIFY(editor);
-        QTest::keyClick(editor, Qt::Key_Return);
-        // The view commits an editor closed with Return from its event loop, as for a user.
-        QTRY_COMPARE(grid->item(0, 1)->text(), QStringLiteral("8"));
+        test::editCell(grid, 0, 1, QStringLiteral("8")); // 8 reps typed into the first set
 
-        clickRow(sets, 3);
+        test::clickRow(sets, 3);
         QCOMPARE(heading->text(), QStringLiteral("Press, Set 3"));
         QCOMPARE(grid->item(0, 2)->text(), QString());
         QCOMPARE(grid->item(0, 2)->background().color(), QColor(200, 200, 200));
         QVERIFY(!buttonOf(dialog, QStringLiteral("Do&wn"))->isEnabled());
-        clickRow(sets, 2);
+        test::clickRow(sets, 2);
         QCOMPARE(heading->text(), QStringLiteral("Press, Set 2"));
         click(buttonOf(dialog, QStringLiteral("Re&move")));
         QCOMPARE(heading->text(), QString());
         QVERIFY(!buttonOf(dialog, QStringLiteral("Re&move"))->isEnabled());
-        clickRow(sets, 2);
+        test::clickRow(sets, 2);
         QCOMPARE(heading->text(), QStringLiteral("Press, Set 2"));
         dialogChecked = true;
         click(buttonOf(dialog, QStringLiteral("OK")));
     });
-    chooseFirstMenuEntry(&page);
+    test::onNextMenuChoose(1);
     click(buttonOf(&page, QStringLiteral("Do &Routine...")));
     QVERIFY(dialogChecked);
 
@@ -179,7 +120,7 @@ void FitnessLogTest::aRoutineIsDoneThenEditedThenDeleted()
     const auto& sets = days[1].workouts[0].exercises;
     QCOMPARE(sets.size(), std::size_t{3});
     QCOMPARE(sets[2].setNumber, 1);
-    QCOMPARE(QString::fromStdString(sets[0].values[0].value), QStringLiteral("8"));
+    QCOMPARE(sets[0].values[0].value, std::string("8"));
 
     QCOMPARE(tree->topLevelItemCount(), 2);
     QTreeWidgetItem* today = tree->topLevelItem(1);
@@ -193,12 +134,9 @@ void FitnessLogTest::aRoutineIsDoneThenEditedThenDeleted()
     QCOMPARE(workout->child(0)->text(1), QStringLiteral("8"));
 
     // Edited: 360 calories and a month earlier, which moves the workout to a day of its own.
-    clickRow(tree, workout);
+    test::clickItem(tree, workout);
     onNextModal([](QWidget* w) {
-        auto* calories = w->findChild<QLineEdit*>(QStringLiteral("calories"));
-        calories->setFocus();
-        QTest::keyClick(calories, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(calories, QStringLiteral("360"));
+        test::retype(w->findChild<QLineEdit*>(QStringLiteral("calories")), QStringLiteral("360"));
         auto* date = w->findChild<QDateEdit*>(QStringLiteral("workoutDate"));
         date->setFocus();
         QTest::keyClick(date, Qt::Key_Home);
@@ -219,7 +157,7 @@ void FitnessLogTest::aRoutineIsDoneThenEditedThenDeleted()
     QVERIFY(moved->text(0).endsWith(QStringLiteral(" - 360 Calories")));
 
     // "Delete" asks nothing.
-    clickRow(tree, moved->child(0)->child(1));
+    test::clickItem(tree, moved->child(0)->child(1));
     click(buttonOf(&page, QStringLiteral("&Delete")));
     QVERIFY(days[2].workouts.empty());
     QCOMPARE(tree->topLevelItemCount(), 1);

@@ -2,21 +2,12 @@
 // graph, the diet plan against the recorded weight, and the analysis table.
 
 #include <QAbstractAxis>
-#include <QApplication>
 #include <QChart>
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QLegend>
-#include <QLineSeries>
-#include <QMenu>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <QTreeWidget>
+#include <QLineSeries>
 #include <QtTest>
 
 #include "analysis/GraphView.h"
@@ -24,20 +15,14 @@
 #include "analysis/logic/GraphSeries.h"
 #include "analysis/logic/NutritionAnalysis.h"
 #include "model/Clock.h"
-#include "model/Store.h"
-#include "model/User.h"
 #include "support/Builders.h"
 #include "GuiTestSupport.h"
 
 using namespace velmora;
 using analysis::GraphsPage;
+using test::clickRadio;
 
 namespace {
-
-QDate date(int day)
-{
-    return QDate(2026, 3, day);
-}
 
 model::TimeT timeOf(int day)
 {
@@ -64,14 +49,13 @@ void chooseFromMenu(QPushButton* button, const QString& item)
     QVERIFY2(chosen, qPrintable(item));
 }
 
-void clickRadio(QWidget* page, const QString& text)
+// The text of the next message box, answered with Return.
+void readNextMessage(QString& text)
 {
-    for (QRadioButton* r : page->findChildren<QRadioButton*>())
-        if (r->text() == text) {
-            QTest::mouseClick(r, Qt::LeftButton);
-            return;
-        }
-    QFAIL(qPrintable(text));
+    test::onNextModal([&text](QWidget* box) {
+        text = qobject_cast<QMessageBox*>(box)->text();
+        QTest::keyClick(box, Qt::Key_Return);
+    });
 }
 
 } // namespace
@@ -80,281 +64,253 @@ class GraphsPageTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void eachCurveGetsAnAxisInItsColour();
-    void textsShownInPlaceOfTheGraph_data();
-    void textsShownInPlaceOfTheGraph();
-    void noDataKeepsTheCurvesShown();
-    void dietPlanSharesTheWeightScale();
-    void analysisTableOfTheRange();
-    void trendAndQuickRanges();
-
-private:
-    void setRange(int fromDay, int toDay);
-    QPushButton* button(const QString& text) { return test::buttonOf(m_page.get(), text); }
-    QLabel* graphText() { return m_page->findChild<QLabel*>(QStringLiteral("graphText")); }
-
     QTemporaryDir m_settings;
     std::unique_ptr<test::TestContext> m_context;
     std::unique_ptr<GraphsPage> m_page;
-};
 
-void GraphsPageTest::initTestCase()
-{
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-}
+    void setRange(int fromDay, int toDay)
+    {
+        test::typeDate(m_page->findChild<QDateEdit*>(QStringLiteral("from")), {2026, 3, fromDay});
+        test::typeDate(m_page->findChild<QDateEdit*>(QStringLiteral("to")), {2026, 3, toDay});
+    }
+    QPushButton* button(const QString& text) { return test::buttonOf(m_page.get(), text); }
+    QLabel* graphText() { return m_page->findChild<QLabel*>(QStringLiteral("graphText")); }
 
-void GraphsPageTest::init()
-{
-    m_context = std::make_unique<test::TestContext>();
-    model::Store& store = m_context->m_store;
-    const auto catalogue = test::standardCatalogue();
-    store.foods.setCatalogue(catalogue);
-    store.foods.catalogue().appendComputed();
-    store.foods.addFood(
-        test::FoodBuilder(catalogue, 1001).value(208, 100.0f).value(203, 10.0f).value(204, 2.0f));
-    store.shared.userNames = {"Anna"};
-    // Meals of 2500 and 2200 kcal on the 2nd and 4th; weights on the 2nd, 5th and 9th.
-    store.journal.days.push_back(test::dayWithMeal(timeOf(2), 0, {{1001, 25.0f}}));
-    store.journal.days.push_back(test::dayWithMeal(timeOf(4), 0, {{1001, 22.0f}}));
-    for (auto [day, weight] : {std::pair{2, 180.0f}, std::pair{5, 178.5f}, std::pair{9, 177.0f}}) {
-        model::JournalDay* d = store.journal.findDay(timeOf(day));
-        if (d == nullptr) {
-            store.journal.days.emplace_back();
-            d = &store.journal.days.back();
-            d->date = timeOf(day);
+private slots:
+    void initTestCase() { test::keepSettingsIn(m_settings); }
+
+    void init()
+    {
+        m_context = std::make_unique<test::TestContext>();
+        model::Store& store = m_context->m_store;
+        const auto catalogue = test::standardCatalogue();
+        store.foods.setCatalogue(catalogue);
+        store.foods.catalogue().appendComputed();
+        store.foods.addFood(test::FoodBuilder(catalogue, 1001)
+                                .value(208, 100.0f)
+                                .value(203, 10.0f)
+                                .value(204, 2.0f));
+        store.shared.userNames = {"Anna"};
+        // Meals of 2500 and 2200 kcal on the 2nd and 4th; weights on the 2nd, 5th and 9th.
+        store.journal.days.push_back(test::dayWithMeal(timeOf(2), 0, {{1001, 25.0f}}));
+        store.journal.days.push_back(test::dayWithMeal(timeOf(4), 0, {{1001, 22.0f}}));
+        for (auto [day, weight] : {std::pair{2, 180.0f}, {5, 178.5f}, {9, 177.0f}}) {
+            model::JournalDay* d = store.journal.findDay(timeOf(day));
+            if (d == nullptr) {
+                d = &store.journal.days.emplace_back();
+                d->date = timeOf(day);
+            }
+            d->health.weight = weight;
         }
-        d->health.weight = weight;
+        store.journal.user.goalNutrients = {208, 203, 100};
+        store.journal.user.goalValues = {2000.0f, 50.0f, 30.0f};
+
+        m_page = std::make_unique<GraphsPage>(*m_context);
+        m_page->resize(1000, 700);
+        m_page->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+        m_page->refreshPage();
     }
-    model::User& user = store.journal.user;
-    user.goalNutrients = {208, 203, 100};
-    user.goalValues = {2000.0f, 50.0f, 30.0f};
 
-    m_page = std::make_unique<GraphsPage>(*m_context);
-    m_page->resize(1000, 700);
-    m_page->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
-    m_page->refreshPage();
-}
+    void cleanup() { m_page.reset(); }
 
-void GraphsPageTest::cleanup()
-{
-    m_page.reset();
-}
+    void eachCurveGetsAnAxisInItsColour()
+    {
+        QVERIFY(!button(QStringLiteral("Nutrient"))->isEnabled()); // "Nutrient Goals" is first
+        clickRadio(m_page.get(), QStringLiteral("Advanced Graphing"));
+        setRange(1, 8);
+        analysis::GraphView* graph = m_page->graph();
+        QCOMPARE(graph->curveCount(), 1);
+        QCOMPARE(graph->curve(0)->count(), 7); // the base curve: a point a day, the 1st to the 7th
+        QVERIFY(!graph->isVisible());          // nothing to look at before the first curve
 
-void GraphsPageTest::setRange(int fromDay, int toDay)
-{
-    m_page->findChild<QDateEdit*>(QStringLiteral("from"))->setDate(date(fromDay));
-    m_page->findChild<QDateEdit*>(QStringLiteral("to"))->setDate(date(toDay));
-}
+        chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Energy"));
+        chooseFromMenu(button(QStringLiteral("Health")), QStringLiteral("Weight"));
+        chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Protein"));
+        QCOMPARE(graph->curveCount(), 4);
+        QVERIFY(graph->isVisible());
 
-void GraphsPageTest::eachCurveGetsAnAxisInItsColour()
-{
-    QVERIFY(!button(QStringLiteral("Nutrient"))->isEnabled()); // "Nutrient Goals" is first
-    clickRadio(m_page.get(), QStringLiteral("Advanced Graphing"));
-    setRange(1, 8);
-    analysis::GraphView* graph = m_page->graph();
-    QCOMPARE(graph->curveCount(), 1);
-    QCOMPARE(graph->curve(0)->count(), 7); // the base curve: one point a day, the 1st to the 7th
-    QVERIFY(!graph->isVisible());          // nothing to look at before the first curve
+        // Meals on the 2nd and 4th, weights on the 2nd and 5th: two points each.
+        const QStringList labels{QStringLiteral("Energy"), QStringLiteral("Weight"),
+                                 QStringLiteral("Protein")};
+        QSet<QAbstractAxis*> axes;
+        QSet<QRgb> colours;
+        for (int i = 1; i <= 3; ++i) {
+            QLineSeries* curve = graph->curve(i);
+            QAbstractAxis* axis = graph->yAxis(i);
+            QCOMPARE(curve->name(), labels[i - 1]);
+            QCOMPARE(curve->count(), 2);
+            QVERIFY(axis->isVisible());
+            QCOMPARE(axis->linePenColor(), curve->color());
+            QCOMPARE(axis->labelsColor(), curve->color());
+            QVERIFY(curve->attachedAxes().contains(axis));
+            axes.insert(axis);
+            colours.insert(curve->color().rgb());
+        }
+        QCOMPARE(axes.size(), 3);
+        QCOMPARE(colours.size(), 3);
+        QCOMPARE(graph->curve(1)->at(0).y(), 2500.0);
 
-    chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Energy"));
-    chooseFromMenu(button(QStringLiteral("Health")), QStringLiteral("Weight"));
-    chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Protein"));
-    QCOMPARE(graph->curveCount(), 4);
-    QVERIFY(graph->isVisible());
+        QVERIFY(!graph->chart()->legend()->isVisible());
+        test::click(m_page->findChild<QCheckBox*>());
+        QVERIFY(graph->chart()->legend()->isVisible());
 
-    const QStringList labels{QStringLiteral("Energy"), QStringLiteral("Weight"),
-                             QStringLiteral("Protein")};
-    const std::vector<int> points{2, 2, 2}; // meals on the 2nd and 4th, weights on the 2nd and 5th
-    QSet<QAbstractAxis*> axes;
-    QSet<QRgb> colours;
-    for (int i = 1; i <= 3; ++i) {
-        QLineSeries* curve = graph->curve(i);
-        QAbstractAxis* axis = graph->yAxis(i);
-        QCOMPARE(curve->name(), labels[i - 1]);
-        QCOMPARE(curve->count(), points[static_cast<std::size_t>(i - 1)]);
-        QVERIFY(axis->isVisible());
-        QCOMPARE(axis->linePenColor(), curve->color());
-        QCOMPARE(axis->labelsColor(), curve->color());
-        QVERIFY(curve->attachedAxes().contains(axis));
-        axes.insert(axis);
-        colours.insert(curve->color().rgb());
+        test::clickButton(m_page.get(), QStringLiteral("Clear"));
+        QCOMPARE(graph->curveCount(), 1);
+        QVERIFY(graphText()->isVisible());
     }
-    QCOMPARE(axes.size(), 3);
-    QCOMPARE(colours.size(), 3);
-    QCOMPARE(graph->curve(1)->at(0).y(), 2500.0);
 
-    QVERIFY(!graph->chart()->legend()->isVisible());
-    QTest::mouseClick(m_page->findChild<QCheckBox*>(), Qt::LeftButton);
-    QVERIFY(graph->chart()->legend()->isVisible());
+    void textsShownInPlaceOfTheGraph_data()
+    {
+        QTest::addColumn<QString>("mode");
+        QTest::addColumn<int>("fromDay");
+        QTest::addColumn<int>("toDay");
+        QTest::addColumn<QString>("text");
+        const QString advanced = QStringLiteral("Advanced Graphing");
+        const QString invalid = QString::fromUtf8(analysis::InvalidRangeText);
+        QTest::newRow("same day") << advanced << 5 << 5 << invalid;
+        QTest::newRow("from after to") << advanced << 9 << 3 << invalid;
+        QTest::newRow("no diet plan") << QStringLiteral("Diet Plan and Progress") << 1 << 9
+                                      << QString::fromUtf8(analysis::NoDietPlanText);
+    }
 
-    QTest::mouseClick(button(QStringLiteral("Clear")), Qt::LeftButton);
-    QCOMPARE(graph->curveCount(), 1);
-    QVERIFY(graphText()->isVisible());
-}
+    void textsShownInPlaceOfTheGraph()
+    {
+        QFETCH(QString, mode);
+        QFETCH(int, fromDay);
+        QFETCH(int, toDay);
+        QFETCH(QString, text);
+        setRange(fromDay, toDay);
+        clickRadio(m_page.get(), mode);
+        QVERIFY(graphText()->isVisible());
+        QVERIFY(!m_page->graph()->isVisible());
+        QCOMPARE(graphText()->text(), text);
+    }
 
-void GraphsPageTest::textsShownInPlaceOfTheGraph_data()
-{
-    QTest::addColumn<QString>("mode");
-    QTest::addColumn<int>("fromDay");
-    QTest::addColumn<int>("toDay");
-    QTest::addColumn<QString>("text");
+    void noDataKeepsTheCurvesShown()
+    {
+        clickRadio(m_page.get(), QStringLiteral("Advanced Graphing"));
+        setRange(5, 8); // a weight on the 5th, no meal
+        chooseFromMenu(button(QStringLiteral("Health")), QStringLiteral("Weight"));
+        QCOMPARE(m_page->graph()->curveCount(), 2);
+        QString message;
+        readNextMessage(message);
+        chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Energy"));
+        QCOMPARE(message, QString::fromUtf8(analysis::NotEnoughDataText));
+        QCOMPARE(m_page->graph()->curveCount(), 2);
+        QVERIFY(m_page->graph()->isVisible());
+    }
 
-    const QString invalid = QString::fromUtf8(analysis::InvalidRangeText);
-    QTest::newRow("same day") << QStringLiteral("Advanced Graphing") << 5 << 5 << invalid;
-    QTest::newRow("from after to") << QStringLiteral("Advanced Graphing") << 9 << 3 << invalid;
-    QTest::newRow("no diet plan") << QStringLiteral("Diet Plan and Progress") << 1 << 9
-                                  << QString::fromUtf8(analysis::NoDietPlanText);
-}
+    void dietPlanSharesTheWeightScale()
+    {
+        model::User& user = m_context->m_store.journal.user;
+        user.changeWeight = 1;
+        user.planStart = timeOf(1);
+        user.planEnd = timeOf(31);
+        user.planStartWeight = 181.0f;
+        user.planEndWeight = 171.0f;
+        clickRadio(m_page.get(), QStringLiteral("Diet Plan and Progress"));
 
-void GraphsPageTest::textsShownInPlaceOfTheGraph()
-{
-    QFETCH(QString, mode);
-    QFETCH(int, fromDay);
-    QFETCH(int, toDay);
-    QFETCH(QString, text);
+        auto* from = m_page->findChild<QDateEdit*>(QStringLiteral("from"));
+        auto* to = m_page->findChild<QDateEdit*>(QStringLiteral("to"));
+        QCOMPARE(from->date(), QDate(2026, 3, 1));
+        QCOMPARE(to->date(), QDate(2026, 3, 31));
+        QVERIFY(!from->isEnabled() && !to->isEnabled());
+        QVERIFY(!button(QStringLiteral("Nutrient"))->isEnabled());
 
-    setRange(fromDay, toDay);
-    clickRadio(m_page.get(), mode);
-    QVERIFY(graphText()->isVisible());
-    QVERIFY(!m_page->graph()->isVisible());
-    QCOMPARE(graphText()->text(), text);
-}
+        analysis::GraphView* graph = m_page->graph();
+        QVERIFY(graph->isVisible());
+        QCOMPARE(graph->curveCount(), 3);
+        QCOMPARE(graph->curve(1)->name(), QStringLiteral("Weight"));
+        QCOMPARE(graph->curve(1)->count(), 3);
+        QLineSeries* plan = graph->curve(2);
+        QCOMPARE(plan->name(), QStringLiteral("Plan"));
+        QCOMPARE(plan->color(), QColor(Qt::blue));
+        QCOMPARE(plan->count(), 2);
+        QCOMPARE(plan->at(0).y(), 181.0);
+        QCOMPARE(plan->at(1).y(), 171.0);
+        QCOMPARE(graph->yAxis(2), graph->yAxis(1));
+        QVERIFY(graph->yAxis(1)->isVisible());
+    }
 
-void GraphsPageTest::noDataKeepsTheCurvesShown()
-{
-    clickRadio(m_page.get(), QStringLiteral("Advanced Graphing"));
-    setRange(5, 8); // a weight on the 5th, no meal
-    chooseFromMenu(button(QStringLiteral("Health")), QStringLiteral("Weight"));
-    QCOMPARE(m_page->graph()->curveCount(), 2);
-    QString message;
-    test::onNextModal([&](QWidget* box) {
-        message = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->text();
-        QTest::keyClick(box, Qt::Key_Return);
-    });
-    chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Energy"));
-    QCOMPARE(message, QString::fromUtf8(analysis::NotEnoughDataText));
-    QCOMPARE(m_page->graph()->curveCount(), 2);
-    QVERIFY(m_page->graph()->isVisible());
-}
+    void analysisTableOfTheRange()
+    {
+        auto* table = m_page->findChild<QTreeWidget*>(QStringLiteral("analysisTable"));
+        setRange(1, 10);
+        QVERIFY(table->isVisible());
+        QVERIFY(!m_page->graph()->isVisible());
+        QCOMPARE(table->topLevelItemCount(), 3);
+        const QStringList energy{QStringLiteral("Energy"), QStringLiteral("2350.0"),
+                                 QStringLiteral("2000.0"), QStringLiteral("0.2 lbs *")};
+        for (int c = 0; c < 4; ++c)
+            QCOMPARE(table->topLevelItem(0)->text(c), energy[c]);
+        QCOMPARE(table->topLevelItem(2)->text(3), QStringLiteral("-"));
 
-void GraphsPageTest::dietPlanSharesTheWeightScale()
-{
-    model::User& user = m_context->m_store.journal.user;
-    user.changeWeight = 1;
-    user.planStart = timeOf(1);
-    user.planEnd = timeOf(31);
-    user.planStartWeight = 181.0f;
-    user.planEndWeight = 171.0f;
-    clickRadio(m_page.get(), QStringLiteral("Diet Plan and Progress"));
+        // The 3rd to the 10th holds one day with a meal.
+        setRange(3, 10);
+        QCOMPARE(table->topLevelItem(0)->text(1), QStringLiteral("2200.0"));
 
-    auto* from = m_page->findChild<QDateEdit*>(QStringLiteral("from"));
-    auto* to = m_page->findChild<QDateEdit*>(QStringLiteral("to"));
-    QCOMPARE(from->date(), date(1));
-    QCOMPARE(to->date(), date(31));
-    QVERIFY(!from->isEnabled() && !to->isEnabled());
-    QVERIFY(!button(QStringLiteral("Nutrient"))->isEnabled());
+        // Goals never set: the message, and no rows.
+        m_context->m_store.journal.user.goalValues.clear();
+        QString shown;
+        readNextMessage(shown);
+        setRange(2, 10);
+        QCOMPARE(shown, QString::fromUtf8(analysis::GoalsNotSetText));
+        QCOMPARE(table->topLevelItemCount(), 0);
+        QVERIFY(m_page->findChild<QLabel*>(QStringLiteral("analysisMessage"))->isVisible());
+    }
 
-    analysis::GraphView* graph = m_page->graph();
-    QVERIFY(graph->isVisible());
-    QCOMPARE(graph->curveCount(), 3);
-    QCOMPARE(graph->curve(1)->name(), QStringLiteral("Weight"));
-    QCOMPARE(graph->curve(1)->count(), 3);
-    QLineSeries* plan = graph->curve(2);
-    QCOMPARE(plan->name(), QStringLiteral("Plan"));
-    QCOMPARE(plan->color(), QColor(Qt::blue));
-    QCOMPARE(plan->count(), 2);
-    QCOMPARE(plan->at(0).y(), 181.0);
-    QCOMPARE(plan->at(1).y(), 171.0);
-    QCOMPARE(graph->yAxis(2), graph->yAxis(1));
-    QVERIFY(graph->yAxis(1)->isVisible());
-}
+    void trendAndQuickRanges()
+    {
+        const model::FixedClock clock(timeOf(10) + 12 * 3600);
+        clickRadio(m_page.get(), QStringLiteral("Advanced Graphing"));
+        setRange(1, 10);
+        chooseFromMenu(button(QStringLiteral("Health")), QStringLiteral("Weight"));
+        chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Energy"));
+        analysis::GraphView* graph = m_page->graph();
+        QCOMPARE(graph->curveCount(), 3);
 
-void GraphsPageTest::analysisTableOfTheRange()
-{
-    auto* table = m_page->findChild<QTreeWidget*>(QStringLiteral("analysisTable"));
-    auto* message = m_page->findChild<QLabel*>(QStringLiteral("analysisMessage"));
-    setRange(1, 10);
-    QVERIFY(table->isVisible());
-    QVERIFY(!m_page->graph()->isVisible());
-    QCOMPARE(table->topLevelItemCount(), 3);
-    const QStringList energy{QStringLiteral("Energy"), QStringLiteral("2350.0"),
-                             QStringLiteral("2000.0"), QStringLiteral("0.2 lbs *")};
-    for (int c = 0; c < 4; ++c)
-        QCOMPARE(table->topLevelItem(0)->text(c), energy[c]);
-    QCOMPARE(table->topLevelItem(2)->text(3), QStringLiteral("-"));
+        // Trend adds the smoothed weight right after the weight, on its scale; energy gets none.
+        test::click(m_page->trendBox());
+        QCOMPARE(graph->curveCount(), 4);
+        QCOMPARE(graph->curve(1)->name(), QStringLiteral("Weight"));
+        QLineSeries* trend = graph->curve(2);
+        QCOMPARE(trend->name(), QStringLiteral("Weight trend"));
+        QCOMPARE(graph->yAxis(2), graph->yAxis(1));
+        QCOMPARE(graph->curve(3)->name(), QStringLiteral("Energy"));
+        QCOMPARE(trend->count(), 3);
+        QCOMPARE(trend->at(0).y(), 180.0);
+        QVERIFY(std::abs(trend->at(1).y() - (180.0 - 0.271 * 1.5)) < 1e-4); // three days later
+        test::click(m_page->trendBox());
+        QCOMPARE(graph->curveCount(), 3);
+        QCOMPARE(graph->curve(2)->name(), QStringLiteral("Energy"));
 
-    // The 3rd to the 10th holds one day with a meal.
-    setRange(3, 10);
-    QCOMPARE(table->topLevelItem(0)->text(1), QStringLiteral("2200.0"));
+        // The range buttons set From and To, ending today; the curves of the old range go.
+        test::click(m_page->rangeButton(analysis::QuickRange::Week));
+        QCOMPARE(m_page->from(), (model::CalendarDate{2026, 3, 3}));
+        QCOMPARE(m_page->to(), (model::CalendarDate{2026, 3, 10}));
+        QCOMPARE(graph->curveCount(), 1);
+        test::click(m_page->rangeButton(analysis::QuickRange::All));
+        QCOMPARE(m_page->from(), (model::CalendarDate{2026, 3, 2}));
+        QCOMPARE(m_page->findChild<QDateEdit*>(QStringLiteral("from"))->date(), QDate(2026, 3, 2));
 
-    // Goals never set: the message, and no rows.
-    m_context->m_store.journal.user.goalValues.clear();
-    QString shown;
-    test::onNextModal([&](QWidget* box) {
-        shown = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->text();
-        QTest::keyClick(box, Qt::Key_Return);
-    });
-    setRange(2, 10);
-    QCOMPARE(shown, QString::fromUtf8(analysis::GoalsNotSetText));
-    QCOMPARE(table->topLevelItemCount(), 0);
-    QVERIFY(message->isVisible());
-}
-
-void GraphsPageTest::trendAndQuickRanges()
-{
-    const model::FixedClock clock(timeOf(10) + 12 * 3600);
-    clickRadio(m_page.get(), QStringLiteral("Advanced Graphing"));
-    setRange(1, 10);
-    chooseFromMenu(button(QStringLiteral("Health")), QStringLiteral("Weight"));
-    chooseFromMenu(button(QStringLiteral("Nutrient")), QStringLiteral("Energy"));
-    analysis::GraphView* graph = m_page->graph();
-    QCOMPARE(graph->curveCount(), 3);
-
-    // Trend adds the smoothed weight right after the weight, on its scale; energy gets none.
-    QTest::mouseClick(m_page->trendBox(), Qt::LeftButton);
-    QCOMPARE(graph->curveCount(), 4);
-    QCOMPARE(graph->curve(1)->name(), QStringLiteral("Weight"));
-    QLineSeries* trend = graph->curve(2);
-    QCOMPARE(trend->name(), QStringLiteral("Weight trend"));
-    QCOMPARE(graph->yAxis(2), graph->yAxis(1));
-    QCOMPARE(graph->curve(3)->name(), QStringLiteral("Energy"));
-    QCOMPARE(trend->count(), 3);
-    QCOMPARE(trend->at(0).y(), 180.0);
-    QVERIFY(std::abs(trend->at(1).y() - (180.0 - 0.271 * 1.5)) < 1e-4); // three days later
-    QTest::mouseClick(m_page->trendBox(), Qt::LeftButton);
-    QCOMPARE(graph->curveCount(), 3);
-    QCOMPARE(graph->curve(2)->name(), QStringLiteral("Energy"));
-
-    // The range buttons set From and To, ending today; the curves of the old range go.
-    QTest::mouseClick(m_page->rangeButton(analysis::QuickRange::Week), Qt::LeftButton);
-    QCOMPARE(m_page->from(), (model::CalendarDate{2026, 3, 3}));
-    QCOMPARE(m_page->to(), (model::CalendarDate{2026, 3, 10}));
-    QCOMPARE(graph->curveCount(), 1);
-    QTest::mouseClick(m_page->rangeButton(analysis::QuickRange::All), Qt::LeftButton);
-    QCOMPARE(m_page->from(), (model::CalendarDate{2026, 3, 2}));
-    QCOMPARE(m_page->findChild<QDateEdit*>(QStringLiteral("from"))->date(), date(2));
-
-    // The diet plan's weight gets its trend too, and the plan keeps the weight's scale; the plan
-    // fixes the dates, so the range buttons rest.
-    model::User& user = m_context->m_store.journal.user;
-    user.changeWeight = 1;
-    user.planStart = timeOf(1);
-    user.planEnd = timeOf(31);
-    user.planStartWeight = 181.0f;
-    user.planEndWeight = 171.0f;
-    QTest::mouseClick(m_page->trendBox(), Qt::LeftButton);
-    clickRadio(m_page.get(), QStringLiteral("Diet Plan and Progress"));
-    QCOMPARE(graph->curveCount(), 4);
-    QCOMPARE(graph->curve(2)->name(), QStringLiteral("Weight trend"));
-    QCOMPARE(graph->curve(3)->name(), QStringLiteral("Plan"));
-    QCOMPARE(graph->yAxis(3), graph->yAxis(1));
-    QVERIFY(!m_page->rangeButton(analysis::QuickRange::Year)->isEnabled());
-}
+        // The diet plan's weight gets its trend too, and the plan keeps the weight's scale; the
+        // plan fixes the dates, so the range buttons rest.
+        model::User& user = m_context->m_store.journal.user;
+        user.changeWeight = 1;
+        user.planStart = timeOf(1);
+        user.planEnd = timeOf(31);
+        user.planStartWeight = 181.0f;
+        user.planEndWeight = 171.0f;
+        test::click(m_page->trendBox());
+        clickRadio(m_page.get(), QStringLiteral("Diet Plan and Progress"));
+        QCOMPARE(graph->curveCount(), 4);
+        QCOMPARE(graph->curve(2)->name(), QStringLiteral("Weight trend"));
+        QCOMPARE(graph->curve(3)->name(), QStringLiteral("Plan"));
+        QCOMPARE(graph->yAxis(3), graph->yAxis(1));
+        QVERIFY(!m_page->rangeButton(analysis::QuickRange::Year)->isEnabled());
+    }
+};
 
 QTEST_MAIN(GraphsPageTest)
 #include "test_graphs_page.moc"

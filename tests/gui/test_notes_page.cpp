@@ -1,13 +1,7 @@
 // The journal notes page driven offscreen: "Diet" first, a note kept under its category, the
 // "Previous Entries" of each category, "Clear Entry", and no day made for an empty note.
 
-#include <QComboBox>
-#include <QDateEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include "fitness/NotesPage.h"
@@ -17,11 +11,10 @@
 
 using namespace velmora;
 
-namespace {
-
 using test::buttonOf;
 using test::onNextModal;
-using test::TestContext;
+
+namespace {
 
 // Moves the category list one line with the arrow keys.
 void stepCategory(QComboBox* category, Qt::Key key)
@@ -36,24 +29,21 @@ class NotesPageTest : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir m_settings;
+
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        test::keepSettingsIn(m_settings);
+        ui::setDeleteConfirmationsEnabled(true);
+    }
     void notesAreKeptPerCategory();
     void anEmptyNoteMakesNoDay();
-
-private:
-    QTemporaryDir m_settings;
 };
-
-void NotesPageTest::initTestCase()
-{
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
-    ui::setDeleteConfirmationsEnabled(true);
-}
 
 void NotesPageTest::notesAreKeptPerCategory()
 {
-    TestContext context;
+    test::TestContext context;
     fitness::NotesPage page(context);
     page.show();
     auto* category = page.findChild<QComboBox*>(QStringLiteral("noteCategory"));
@@ -83,13 +73,11 @@ void NotesPageTest::notesAreKeptPerCategory()
 
     // "Clear Entry" asks first; "No" keeps the text, "Yes" empties it, and once stored the date
     // leaves the list.
-    onNextModal(
-        [](QWidget* w) { QTest::mouseClick(buttonOf(w, QStringLiteral("No")), Qt::LeftButton); });
-    QTest::mouseClick(clear, Qt::LeftButton);
+    onNextModal([](QWidget* w) { test::clickButton(w, QStringLiteral("No")); });
+    test::click(clear);
     QCOMPARE(note->toPlainText(), QStringLiteral("Ran 5 km"));
-    onNextModal(
-        [](QWidget* w) { QTest::mouseClick(buttonOf(w, QStringLiteral("Yes")), Qt::LeftButton); });
-    QTest::mouseClick(clear, Qt::LeftButton);
+    onNextModal([](QWidget* w) { test::clickButton(w, QStringLiteral("Yes")); });
+    test::click(clear);
     QCOMPARE(note->toPlainText(), QString());
     QVERIFY(!clear->isEnabled());
     page.storePage();
@@ -100,7 +88,7 @@ void NotesPageTest::notesAreKeptPerCategory()
 
 void NotesPageTest::anEmptyNoteMakesNoDay()
 {
-    TestContext context;
+    test::TestContext context;
     fitness::NotesPage page(context);
     page.show();
     auto* date = page.findChild<QDateEdit*>(QStringLiteral("notesDate"));

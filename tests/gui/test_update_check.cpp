@@ -12,6 +12,7 @@
 #include "ui/SettingsKeys.h"
 #include "update/UpdateChecker.h"
 #include "test_app_support.h"
+#include "GuiTestSupport.h"
 
 using namespace velmora;
 using velmora::test::click;
@@ -222,53 +223,49 @@ private slots:
         QCOMPARE(recorder.questions, 0);
     }
 
-    void deleteConfirmationCanSwitchItselfOff()
+    // The delete question: its box switches the questions off, unless the question is one that
+    // is always asked.
+    void deleteConfirmation_data()
     {
-        ui::setDeleteConfirmationsEnabled(true);
-        bool boxShown = false;
-        ModalScript script;
-        script.expect(QStringLiteral("Delete Confirmation"), [&](QWidget* w) {
-            auto* box = w->findChild<QCheckBox*>();
-            boxShown = box->isVisibleTo(w) &&
-                       box->text() == QStringLiteral("Disable Delete Confirmations");
-            box->setChecked(true);
-            click(w, QStringLiteral("Yes"));
-        });
-        QVERIFY(ui::confirmDelete(nullptr, ui::MsgDeleteExercise));
-        QVERIFY(boxShown);
-        QVERIFY(!ui::deleteConfirmationsEnabled());
-
-        // Switched off: yes at once, no dialog.
-        QVERIFY(ui::confirmDelete(nullptr, ui::MsgDeleteExercise));
-        QCOMPARE(script.unexpected(), QStringList());
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<bool>("always"); // asked even with the questions switched off
+        QTest::addColumn<bool>("tick");
+        QTest::addColumn<bool>("yes");
+        QTest::addColumn<bool>("enabledAfter");
+        QTest::newRow("ticked, Yes") << true << false << true << true << false;
+        QTest::newRow("box left empty, No") << true << false << false << false << true;
+        QTest::newRow("always asked, without the box") << false << true << false << false << false;
     }
 
-    void forcedConfirmationAsksWithoutTheSwitch()
+    void deleteConfirmation()
     {
-        ui::setDeleteConfirmationsEnabled(false);
-        bool boxShown = true;
+        QFETCH(bool, enabled);
+        QFETCH(bool, always);
+        QFETCH(bool, tick);
+        QFETCH(bool, yes);
+        QFETCH(bool, enabledAfter);
+        ui::setDeleteConfirmationsEnabled(enabled);
+        bool boxShown = always;
         QString text;
         ModalScript script;
         script.expect(QStringLiteral("Delete Confirmation"), [&](QWidget* w) {
-            boxShown = w->findChild<QCheckBox*>()->isVisibleTo(w);
+            auto* box = w->findChild<QCheckBox*>();
+            boxShown = box->isVisibleTo(w);
+            QCOMPARE(box->text(), QStringLiteral("Disable Delete Confirmations"));
             for (QLabel* label : w->findChildren<QLabel*>())
                 text += label->text();
-            click(w, QStringLiteral("No"));
+            if (tick)
+                test::toggle(box);
+            click(w, yes ? QStringLiteral("Yes") : QStringLiteral("No"));
         });
-        QVERIFY(!ui::confirmDelete(nullptr, ui::MsgDeleteUser, true));
-        QVERIFY(!boxShown);
-        QCOMPARE(text, ui::messageText(ui::MsgDeleteUser));
-        QVERIFY(!ui::deleteConfirmationsEnabled());
-    }
-
-    void answeringNoKeepsConfirmationsOnWhenTheBoxIsLeftEmpty()
-    {
-        ui::setDeleteConfirmationsEnabled(true);
-        ModalScript script;
-        script.expect(QStringLiteral("Delete Confirmation"),
-                      [](QWidget* w) { click(w, QStringLiteral("No")); });
-        QVERIFY(!ui::confirmDelete(nullptr, ui::MsgDeleteRoutine));
-        QVERIFY(ui::deleteConfirmationsEnabled());
+        QCOMPARE(ui::confirmDelete(nullptr, ui::MsgDeleteRoutine, always), yes);
+        QCOMPARE(boxShown, !always);
+        QCOMPARE(text, ui::messageText(ui::MsgDeleteRoutine));
+        QCOMPARE(ui::deleteConfirmationsEnabled(), enabledAfter);
+        // Switched off: yes at once, no dialog.
+        if (!enabledAfter)
+            QVERIFY(ui::confirmDelete(nullptr, ui::MsgDeleteExercise));
+        QCOMPARE(script.unexpected(), QStringList());
     }
 
 private:

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -93,54 +94,43 @@ TEST(Archive, TextsKeepTheirBytes)
 
 TEST(Archive, DamageGivesErrorsWithOffsets)
 {
+    struct Case
     {
-        const std::vector<std::uint8_t> bytes{0x01, 0x02, 0x03};
-        ArchiveReader r(bytes);
-        EXPECT_EQ(r.u8(), 1);
+        const char* what;
+        std::vector<std::uint8_t> bytes;
+        std::function<void(ArchiveReader&)> read;
+        FileErrorCode code;
+        std::size_t offset;
+    };
+    const Case cases[] = {
+        {"a 32-bit value past the end",
+         {0x01, 0x02, 0x03},
+         [](ArchiveReader& r) { (void)r.u8(), (void)r.i32(); },
+         FileErrorCode::UnexpectedEnd,
+         1},
+        {"a 32-bit text length of 4 GB in a 10-byte buffer",
+         Bytes().u8(0).u8(0xFF).u16(0xFFFF).u32(0xFFFFFFF0u).raw({'a', 'b'}),
+         [](ArchiveReader& r) { (void)r.u8(), (void)r.text(); }, FileErrorCode::BadLength, 1},
+        {"a negative count", Bytes().i32(-1), [](ArchiveReader& r) { (void)r.count(4); },
+         FileErrorCode::BadCount, 0},
+        {"3 records of 4 bytes in the 8 bytes left", Bytes().i32(3).i32(7).i32(8),
+         [](ArchiveReader& r) { (void)r.count(4); }, FileErrorCode::BadCount, 0},
+    };
+    for (const Case& c : cases) {
+        ArchiveReader r(c.bytes);
         try {
-            r.i32();
-            FAIL() << "a 32-bit value read past the end";
+            c.read(r);
+            ADD_FAILURE() << c.what << " read without error";
         } catch (const ArchiveError& e) {
-            EXPECT_EQ(e.code(), FileErrorCode::UnexpectedEnd);
-            EXPECT_EQ(e.offset(), 1u);
+            EXPECT_EQ(e.code(), c.code) << c.what;
+            EXPECT_EQ(e.offset(), c.offset) << c.what;
         }
     }
-    {
-        // A 32-bit text length of 4 GB in a 10-byte buffer.
-        const auto bytes =
-            Bytes().u8(0).u8(0xFF).u16(0xFFFF).u32(0xFFFFFFF0u).raw({'a', 'b'}).bytes();
-        ArchiveReader r(bytes);
-        r.u8();
-        try {
-            r.text();
-            FAIL() << "text length not checked";
-        } catch (const ArchiveError& e) {
-            EXPECT_EQ(e.code(), FileErrorCode::BadLength);
-            EXPECT_EQ(e.offset(), 1u);
-        }
-    }
-    {
-        // Counts: negative, and larger than the remaining bytes could hold.
-        const auto negative = Bytes().i32(-1).bytes();
-        ArchiveReader r1(negative);
-        EXPECT_THROW(r1.count(4), ArchiveError);
-        ArchiveReader r2(negative);
-        EXPECT_EQ(r2.count(4, true), 0u);
-
-        const auto huge =
-            Bytes().i32(3).i32(7).i32(8).bytes(); // 3 records of 4 bytes need 12, 8 remain
-        ArchiveReader r3(huge);
-        try {
-            r3.count(4);
-            FAIL() << "count not checked against the bytes left";
-        } catch (const ArchiveError& e) {
-            EXPECT_EQ(e.code(), FileErrorCode::BadCount);
-            EXPECT_EQ(e.offset(), 0u);
-        }
-        const auto fits = Bytes().i32(2).i32(7).i32(8).bytes();
-        ArchiveReader r4(fits);
-        EXPECT_EQ(r4.count(4), 2u);
-    }
+    // A negative count may stand for none; a count that fits is read.
+    const auto negative = Bytes().i32(-1).bytes();
+    EXPECT_EQ(ArchiveReader(negative).count(4, true), 0u);
+    const auto fits = Bytes().i32(2).i32(7).i32(8).bytes();
+    EXPECT_EQ(ArchiveReader(fits).count(4), 2u);
 }
 
 TEST(TextCodec, EveryByteSurvivesTheRoundTrip)
@@ -154,24 +144,34 @@ TEST(TextCodec, EveryByteSurvivesTheRoundTrip)
 
 TEST(TextCodec, KnownCharacters)
 {
-    EXPECT_EQ(cp1252ToUtf8("\x80"), "\xE2\x82\xAC"); // euro sign
-    EXPECT_EQ(cp1252ToUtf8("\xE9"), "\xC3\xA9");     // e acute
-    EXPECT_EQ(cp1252ToUtf8("\x92"), "\xE2\x80\x99"); // right single quote
-    EXPECT_EQ(utf8ToCp1252("\xE2\x80\x94"), "\x97"); // em dash
-    EXPECT_EQ(utf8ToCp1252("Stra\xC3\x9F"
-                           "e"),
-              "Stra\xDF"
-              "e");
+    const std::pair<const char*, const char*> both[] = {
+        {"\x80", "\xE2\x82\xAC"}, // euro sign
+        {"\xE9", "\xC3\xA9"},     // e acute
+        {"\x92", "\xE2\x80\x99"}, // right single quote
+        {"\x97", "\xE2\x80\x94"}, // em dash
+        {"Stra\xDF"
+         "e",
+         "Stra\xC3\x9F"
+         "e"},
+    };
+    for (const auto& [cp1252, utf8] : both) {
+        EXPECT_EQ(cp1252ToUtf8(cp1252), utf8);
+        EXPECT_EQ(utf8ToCp1252(utf8), cp1252);
+    }
     // Characters Windows-1252 cannot hold, and malformed sequences, become '?'.
-    EXPECT_EQ(utf8ToCp1252("a\xE4\xB8\xAD"
-                           "b"),
-              "a?b"); // CJK character
-    EXPECT_EQ(utf8ToCp1252("a\xF0\x9F\x98\x80"
-                           "b"),
-              "a?b");                       // emoji
-    EXPECT_EQ(utf8ToCp1252("a\xC3"), "a?"); // truncated sequence
-    EXPECT_EQ(utf8ToCp1252("a\x80"
-                           "b"),
-              "a?b");                         // stray continuation
-    EXPECT_EQ(utf8ToCp1252("\xC0\xAF"), "?"); // overlong '/'
+    const std::pair<const char*, const char*> lost[] = {
+        {"a\xE4\xB8\xAD"
+         "b",
+         "a?b"}, // CJK character
+        {"a\xF0\x9F\x98\x80"
+         "b",
+         "a?b"},         // emoji
+        {"a\xC3", "a?"}, // truncated sequence
+        {"a\x80"
+         "b",
+         "a?b"},           // stray continuation
+        {"\xC0\xAF", "?"}, // overlong '/'
+    };
+    for (const auto& [utf8, cp1252] : lost)
+        EXPECT_EQ(utf8ToCp1252(utf8), cp1252) << cp1252;
 }

@@ -50,29 +50,6 @@ double value(const model::FoodItem& f, model::NutrientId n)
     return model::foodValue(built().catalogue(), f, n);
 }
 
-TEST(BuiltFoodsDb, EggValuesAndServings)
-{
-    REQUIRE_BUILT_DATABASE();
-    const model::FoodItem* egg = built().findDatabaseFood(1123);
-    ASSERT_NE(egg, nullptr);
-    EXPECT_EQ(egg->name, "Egg, whole, raw, fresh");
-    EXPECT_EQ(egg->group, 100);
-    EXPECT_FLOAT_EQ(value(*egg, model::nutrient::Energy), 143.0f);
-    EXPECT_FLOAT_EQ(value(*egg, model::nutrient::Protein), 12.56f);
-    EXPECT_FLOAT_EQ(value(*egg, model::nutrient::Fat), 9.51f);
-    EXPECT_FLOAT_EQ(value(*egg, model::nutrient::Carbohydrate), 0.72f);
-    EXPECT_FLOAT_EQ(value(*egg, 505), 0.912f);
-
-    ASSERT_EQ(egg->measures.size(), 6u);
-    EXPECT_EQ(egg->measures[3].description, "large");
-    EXPECT_FLOAT_EQ(egg->measures[3].grams, 50.0f);
-    EXPECT_EQ(model::servingText(*egg, 1.0f), "2 x large");
-    EXPECT_EQ(model::servingText(*egg, 0.5f), "large");
-
-    // Every amino acid of the egg meets the ideal pattern.
-    EXPECT_DOUBLE_EQ(model::proteinScore(built().catalogue(), *egg), 1.0);
-}
-
 TEST(BuiltFoodsDb, OrderNumbersGroupsAndRelease)
 {
     REQUIRE_BUILT_DATABASE();

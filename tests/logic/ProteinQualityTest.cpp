@@ -40,62 +40,48 @@ model::FoodItem patterned(double factor)
     return b;
 }
 
-TEST(ProteinQuality, AFoodMeetingEveryIdealValueIsComplete)
+TEST(ProteinQuality, TheLimitingAminoAcidSetsTheCompletenessAndBarsAreTruncated)
 {
     const auto cat = makeCatalogue();
-    const auto c = food::compareProtein(cat, patterned(1.2));
-    ASSERT_TRUE(c.shown);
-    EXPECT_DOUBLE_EQ(c.completeness, 1.0);
-    EXPECT_EQ(food::completenessSentence(c.completeness),
-              "This foods protein is 100.0 % complete.");
-    EXPECT_EQ(c.ideal, (std::array<int, 9>{7, 18, 25, 25, 27, 32, 51, 47, 55}));
-    EXPECT_EQ(c.food[0], 8);  // tryptophan row reads 509: 7 x 1.2 = 8.4, truncated
-    EXPECT_EQ(c.food[6], 61); // lysine 51 x 1.2 = 61.2
-}
-
-TEST(ProteinQuality, TheLimitingAminoAcidSetsTheCompleteness)
-{
-    const auto cat = makeCatalogue();
-    model::FoodItem food = patterned(1.5);
     // Lysine at half its ideal value: 0.255 g in 10 g protein is 25.5 mg per g against 51.
-    food.values[static_cast<std::size_t>(cat.indexOf(505))] = 0.255f;
-    const auto c = food::compareProtein(cat, food);
-    EXPECT_NEAR(c.completeness, 0.5, 1e-6);
-    EXPECT_EQ(c.food[6], 25); // 25.4999 truncated toward zero
-    EXPECT_EQ(food::completenessSentence(c.completeness), "This foods protein is 50.0 % complete.");
-}
-
-TEST(ProteinQuality, ProteinWithoutAminoAcidDataIsZeroComplete)
-{
-    const auto cat = makeCatalogue();
-    const model::FoodItem food = FoodBuilder(catalogue(), 200, "Unknown").value(203, 8.0f);
-    const auto c = food::compareProtein(cat, food);
-    ASSERT_TRUE(c.shown);
-    EXPECT_EQ(c.food, (std::array<int, 9>{}));
-    EXPECT_EQ(food::completenessSentence(c.completeness), "This foods protein is 0.0 % complete.");
-}
-
-TEST(ProteinQuality, BelowATenthOfAGramThereIsNoChart)
-{
-    const auto cat = makeCatalogue();
-    EXPECT_FALSE(
-        food::compareProtein(cat, FoodBuilder(catalogue(), 1, "Oil").value(203, 0.05f)).shown);
-    EXPECT_FALSE(food::compareProtein(cat, FoodBuilder(catalogue(), 1, "Water")).shown);
-    EXPECT_TRUE(
-        food::compareProtein(cat, FoodBuilder(catalogue(), 1, "Tea").value(203, 0.1f)).shown);
-}
-
-TEST(ProteinQuality, AminoValuesAreTruncatedNotRounded)
-{
-    const auto cat = makeCatalogue();
-    // 0.0209 g tryptophan in 3 g protein is 6.97 mg per g: the bar shows 6.
-    const model::FoodItem food = FoodBuilder(catalogue(), 1, "Beans")
-                                     .value(203, 3.0f)
-                                     .value(509, 0.0209f)
-                                     .value(501 + 4, 0.1f);
-    const auto c = food::compareProtein(cat, food);
-    EXPECT_EQ(c.food[0], 6);
-    EXPECT_EQ(c.food[6], 33); // lysine 0.1 / 3 x 1000 = 33.3
+    model::FoodItem halfLysine = patterned(1.5);
+    halfLysine.values[static_cast<std::size_t>(cat.indexOf(505))] = 0.255f;
+    struct Case
+    {
+        const char* what;
+        model::FoodItem food;
+        bool shown;
+        const char* sentence;
+        int tryptophan; // the bar of row 1, which reads 509
+        int lysine;     // the bar of row 7
+    };
+    const Case cases[] = {
+        {"every ideal value met: 7 x 1.2 = 8.4 and 51 x 1.2 = 61.2", patterned(1.2), true,
+         "This foods protein is 100.0 % complete.", 8, 61},
+        {"half the lysine: 25.4999 truncated", halfLysine, true,
+         "This foods protein is 50.0 % complete.", 10, 25},
+        {"no amino acid data", FoodBuilder(catalogue(), 200).value(203, 8.0f), true,
+         "This foods protein is 0.0 % complete.", 0, 0},
+        // 0.0209 g in 3 g protein is 6.97 mg per g; 0.1 g lysine is 33.3.
+        {"truncated, not rounded",
+         FoodBuilder(catalogue(), 1).value(203, 3.0f).value(509, 0.0209f).value(505, 0.1f), true,
+         "This foods protein is 0.0 % complete.", 6, 33},
+        {"exactly a tenth of a gram", FoodBuilder(catalogue(), 1).value(203, 0.1f), true,
+         "This foods protein is 0.0 % complete.", 0, 0},
+        {"below a tenth: no chart", FoodBuilder(catalogue(), 1).value(203, 0.05f), false, "", 0, 0},
+        {"no protein", FoodBuilder(catalogue(), 1), false, "", 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const auto r = food::compareProtein(cat, c.food);
+        ASSERT_EQ(r.shown, c.shown);
+        if (!r.shown)
+            continue;
+        EXPECT_EQ(r.ideal, (std::array<int, 9>{7, 18, 25, 25, 27, 32, 51, 47, 55}));
+        EXPECT_EQ(food::completenessSentence(r.completeness), c.sentence);
+        EXPECT_EQ(r.food[0], c.tryptophan);
+        EXPECT_EQ(r.food[6], c.lysine);
+    }
 }
 
 TEST(FoodDetails, SourceLine)
