@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
+#include <iterator>
 
 #include "model/Archive.h"
 #include "model/SafeFile.h"
@@ -48,10 +49,16 @@ void FoodDatabase::readFrom(ArchiveReader& in, FoodDatabase& db)
         foods.reserve(count);
         for (std::size_t i = 0; i < count; ++i)
             foods.push_back(readFood(in));
-        db.m_foods.reserve(count);
-        db.m_byNumber.reserve(count);
-        for (FoodItem& f : foods)
-            db.addFood(std::move(f));
+        // Taken over whole rather than food by food, so that the foods are never held twice.
+        const std::size_t first = db.m_foods.size();
+        if (first == 0)
+            db.m_foods = std::move(foods);
+        else
+            db.m_foods.insert(db.m_foods.end(), std::make_move_iterator(foods.begin()),
+                              std::make_move_iterator(foods.end()));
+        db.m_byNumber.reserve(db.m_foods.size());
+        for (std::size_t i = first; i < db.m_foods.size(); ++i)
+            db.m_byNumber[db.m_foods[i].number] = i; // a later duplicate replaces the earlier one
     }
     {
         const std::size_t entries = in.count(MinCatalogueEntrySize, true);
