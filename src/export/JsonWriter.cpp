@@ -23,37 +23,6 @@ void JsonWriter::prefix(std::string_view key)
     }
 }
 
-void JsonWriter::quoted(std::string_view utf8)
-{
-    m_out += '"';
-    for (char ch : utf8) {
-        const auto c = static_cast<unsigned char>(ch);
-        switch (c) {
-        case '"':
-            m_out += "\\\"";
-            break;
-        case '\\':
-            m_out += "\\\\";
-            break;
-        case '\n':
-            m_out += "\\n";
-            break;
-        case '\r':
-            m_out += "\\r";
-            break;
-        case '\t':
-            m_out += "\\t";
-            break;
-        default:
-            if (c < 0x20)
-                m_out += model::formatText("\\u%04x", c);
-            else
-                m_out += ch;
-        }
-    }
-    m_out += '"';
-}
-
 void JsonWriter::beginObject(std::string_view key)
 {
     prefix(key);

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/JsonWriter.h" // appendJsonString
+
 namespace velmora::exchange {
 
 // A small streaming JSON writer into memory. Texts are taken as UTF-8. Output is compact; with
@@ -40,7 +42,7 @@ private:
         bool breakLines = false;
     };
     void prefix(std::string_view key);
-    void quoted(std::string_view utf8);
+    void quoted(std::string_view utf8) { model::appendJsonString(m_out, utf8); }
 
     std::string m_out;
     std::vector<Level> m_levels;

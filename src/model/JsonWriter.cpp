@@ -24,37 +24,37 @@ void JsonWriter::prefix(const char* key)
     }
 }
 
-void JsonWriter::quoted(const std::string& utf8)
+void appendJsonString(std::string& out, std::string_view utf8)
 {
-    m_out += '"';
+    out += '"';
     for (unsigned char c : utf8) {
         switch (c) {
         case '"':
-            m_out += "\\\"";
+            out += "\\\"";
             break;
         case '\\':
-            m_out += "\\\\";
+            out += "\\\\";
             break;
         case '\n':
-            m_out += "\\n";
+            out += "\\n";
             break;
         case '\r':
-            m_out += "\\r";
+            out += "\\r";
             break;
         case '\t':
-            m_out += "\\t";
+            out += "\\t";
             break;
         default:
             if (c < 0x20) {
                 char buf[8];
                 std::snprintf(buf, sizeof buf, "\\u%04x", c);
-                m_out += buf;
+                out += buf;
             } else {
-                m_out += static_cast<char>(c);
+                out += static_cast<char>(c);
             }
         }
     }
-    m_out += '"';
+    out += '"';
 }
 
 void JsonWriter::beginObject(const char* key)

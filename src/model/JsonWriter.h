@@ -2,11 +2,15 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/Archive.h"
 
 namespace velmora::model {
+
+// Appends utf8 to out as a quoted JSON string: quotes, backslashes and control characters escaped.
+void appendJsonString(std::string& out, std::string_view utf8);
 
 // A small streaming JSON writer with two-space indentation. Texts are taken as Windows-1252 bytes
 // (as the files store them) and written as escaped UTF-8.
@@ -31,7 +35,7 @@ public:
 
 private:
     void prefix(const char* key);
-    void quoted(const std::string& utf8);
+    void quoted(std::string_view utf8) { appendJsonString(m_out, utf8); }
 
     std::string m_out;
     std::vector<bool> m_first; // per open container: nothing written in it yet
