@@ -124,4 +124,27 @@ Salvaged<T> salvageArchive(std::span<const std::uint8_t> bytes, const std::strin
     return out;
 }
 
+// parse() and salvage() of a record whose reader takes its parts over one by one and counts them:
+// read(in, value, parts) with parts null when nobody counts.
+template <class T, class Read>
+Result<T> parseParts(std::span<const std::uint8_t> bytes, const std::string& fileName, Read&& read)
+{
+    return parseArchive<T>(bytes, fileName, [&read](ArchiveReader& in) {
+        T value;
+        read(in, value, nullptr);
+        return value;
+    });
+}
+
+template <class T, class Read>
+Salvaged<T> salvageParts(std::span<const std::uint8_t> bytes, const std::string& fileName,
+                         Read&& read)
+{
+    int parts = 0;
+    auto out = salvageArchive<T>(bytes, fileName,
+                                 [&](ArchiveReader& in, T& value) { read(in, value, &parts); });
+    out.partsRead = parts;
+    return out;
+}
+
 } // namespace velmora::model

@@ -3,6 +3,8 @@
 #include <limits>
 #include <utility>
 
+#include "model/DefinitionRecords.h"
+
 namespace velmora::model {
 
 namespace {
@@ -13,24 +15,6 @@ constexpr std::size_t EntrySize = 4 + 4;
 constexpr std::size_t MinVariableUseSize = 4 + 1 + 4 + 4;
 constexpr std::size_t MinRecordSize = 4 + 4 + 4 + 4;
 constexpr std::size_t MinValueSize = 4 + 1;
-constexpr std::size_t MinFieldSize = 4 + 1 + 4;
-constexpr std::size_t MinExerciseSize = 4 + 1 + 4;
-constexpr std::size_t MinRoutineSize = 4 + 4 + 1 + 4;
-constexpr std::size_t MinVariableSize = 4 + 1 + 4 + 1 + 4 + 3 * 4;
-
-void readIds(ArchiveReader& in, std::vector<std::int32_t>& ids)
-{
-    ids.resize(in.count(4));
-    for (std::int32_t& id : ids)
-        id = in.i32();
-}
-
-void writeIds(ArchiveWriter& out, const std::vector<std::int32_t>& ids)
-{
-    out.count(ids.size());
-    for (std::int32_t id : ids)
-        out.i32(id);
-}
 
 } // namespace
 
@@ -170,82 +154,18 @@ void writeWorkouts(ArchiveWriter& out, const std::vector<WorkoutEntry>& workouts
 void readDefinitions(ArchiveReader& in, DefinitionLists& d)
 {
     // Each list is taken over whole, so a salvaging reader keeps only complete lists.
-    {
-        std::vector<ExerciseField> list(in.count(MinFieldSize));
-        for (ExerciseField& f : list) {
-            f.id = in.i32();
-            f.name = in.text();
-            f.kind = in.i32();
-        }
-        d.fields = std::move(list);
-    }
-    {
-        std::vector<Exercise> list(in.count(MinExerciseSize));
-        for (Exercise& e : list) {
-            e.id = in.i32();
-            e.name = in.text();
-            readIds(in, e.fields);
-        }
-        d.exercises = std::move(list);
-    }
-    {
-        std::vector<Routine> list(in.count(MinRoutineSize));
-        for (Routine& r : list) {
-            r.id = in.i32();
-            r.calories = in.i32();
-            r.name = in.text();
-            readIds(in, r.exercises);
-        }
-        d.routines = std::move(list);
-    }
-    {
-        std::vector<UserVariable> list(in.count(MinVariableSize));
-        for (UserVariable& v : list) {
-            v.id = in.i32();
-            v.name = in.text();
-            v.number = in.f32();
-            v.text = in.text();
-            v.time = in.time(); // a definition's time is stored as the user database stores it
-            v.askNumber = in.i32();
-            v.askText = in.i32();
-            v.askTime = in.i32();
-        }
-        d.variables = std::move(list);
-    }
+    readWholeDefinitionList(in, d.fields);
+    readWholeDefinitionList(in, d.exercises);
+    readWholeDefinitionList(in, d.routines);
+    readWholeDefinitionList(in, d.variables);
 }
 
 void writeDefinitions(ArchiveWriter& out, const DefinitionLists& d)
 {
-    out.count(d.fields.size());
-    for (const ExerciseField& f : d.fields) {
-        out.i32(f.id);
-        out.text(f.name);
-        out.i32(f.kind);
-    }
-    out.count(d.exercises.size());
-    for (const Exercise& e : d.exercises) {
-        out.i32(e.id);
-        out.text(e.name);
-        writeIds(out, e.fields);
-    }
-    out.count(d.routines.size());
-    for (const Routine& r : d.routines) {
-        out.i32(r.id);
-        out.i32(r.calories);
-        out.text(r.name);
-        writeIds(out, r.exercises);
-    }
-    out.count(d.variables.size());
-    for (const UserVariable& v : d.variables) {
-        out.i32(v.id);
-        out.text(v.name);
-        out.f32(v.number);
-        out.text(v.text);
-        out.time(v.time);
-        out.i32(v.askNumber);
-        out.i32(v.askText);
-        out.i32(v.askTime);
-    }
+    writeDefinitionList(out, d.fields);
+    writeDefinitionList(out, d.exercises);
+    writeDefinitionList(out, d.routines);
+    writeDefinitionList(out, d.variables);
 }
 
 } // namespace velmora::model

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "model/Archive.h"
 #include "model/Journal.h"
+#include "model/UserDatabase.h"
 
 namespace velmora::model {
 
@@ -56,5 +59,40 @@ void writeWorkouts(ArchiveWriter& out, const std::vector<WorkoutEntry>& workouts
 // the whole list is read.
 void readDefinitions(ArchiveReader& in, DefinitionLists& d);
 void writeDefinitions(ArchiveWriter& out, const DefinitionLists& d);
+
+// The head of both handhelds' shared files: version, header text, the id counters, the current
+// user and the user names. The reader takes the head over into s only once it is read whole.
+template <class Shared> void readSharedHead(ArchiveReader& in, Shared& s)
+{
+    Shared head;
+    head.version = in.u32();
+    head.header = in.text();
+    for (std::uint32_t& c : head.counters)
+        c = in.u32();
+    head.currentUser = in.u8();
+    const std::size_t names = in.u8();
+    for (std::size_t i = 0; i < names; ++i)
+        head.userNames.push_back(in.text());
+    s.version = head.version;
+    s.header = std::move(head.header);
+    s.counters = head.counters;
+    s.currentUser = head.currentUser;
+    s.userNames = std::move(head.userNames);
+}
+
+// Writes at most MaxUserNames user names: the file's name count is one byte.
+template <class Shared>
+void writeSharedHead(ArchiveWriter& out, std::uint32_t version, const Shared& s)
+{
+    out.u32(version);
+    out.text(s.header);
+    for (std::uint32_t c : s.counters)
+        out.u32(c);
+    out.u8(s.currentUser);
+    const std::size_t names = std::min(s.userNames.size(), MaxUserNames);
+    out.u8(static_cast<std::uint8_t>(names));
+    for (std::size_t i = 0; i < names; ++i)
+        out.text(s.userNames[i]);
+}
 
 } // namespace velmora::model

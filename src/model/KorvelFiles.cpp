@@ -56,20 +56,7 @@ void writeDay(ArchiveWriter& out, const KorvelDay& day)
 // user names), then the definition lists. parts counts the parts read.
 void readShared(ArchiveReader& in, KorvelShared& s, int* parts = nullptr)
 {
-    KorvelShared head;
-    head.version = in.u32();
-    head.header = in.text();
-    for (std::uint32_t& c : head.counters)
-        c = in.u32();
-    head.currentUser = in.u8();
-    const std::size_t names = in.u8();
-    for (std::size_t i = 0; i < names; ++i)
-        head.userNames.push_back(in.text());
-    s.version = head.version;
-    s.header = std::move(head.header);
-    s.counters = head.counters;
-    s.currentUser = head.currentUser;
-    s.userNames = std::move(head.userNames);
+    readSharedHead(in, s);
     if (parts)
         *parts = 1;
     readDefinitions(in, s.definitions);
@@ -129,37 +116,19 @@ void KorvelShared::fillDefaultDefinitions()
 Result<KorvelShared> KorvelShared::parse(std::span<const std::uint8_t> bytes,
                                          const std::string& fileName)
 {
-    return parseArchive<KorvelShared>(bytes, fileName, [](ArchiveReader& in) {
-        KorvelShared s;
-        readShared(in, s);
-        return s;
-    });
+    return parseParts<KorvelShared>(bytes, fileName, readShared);
 }
 
 Salvaged<KorvelShared> KorvelShared::salvage(std::span<const std::uint8_t> bytes,
                                              const std::string& fileName)
 {
-    int parts = 0;
-    auto out =
-        salvageArchive<KorvelShared>(bytes, fileName, [&parts](ArchiveReader& in, KorvelShared& s) {
-            readShared(in, s, &parts);
-        });
-    out.partsRead = parts;
-    return out;
+    return salvageParts<KorvelShared>(bytes, fileName, readShared);
 }
 
 std::vector<std::uint8_t> KorvelShared::serialize() const
 {
     ArchiveWriter out;
-    out.u32(KorvelFormatVersion);
-    out.text(header);
-    for (std::uint32_t c : counters)
-        out.u32(c);
-    out.u8(currentUser);
-    const std::size_t names = std::min(userNames.size(), MaxUserNames);
-    out.u8(static_cast<std::uint8_t>(names));
-    for (std::size_t i = 0; i < names; ++i)
-        out.text(userNames[i]);
+    writeSharedHead(out, KorvelFormatVersion, *this);
     writeDefinitions(out, definitions);
     return out.take();
 }
@@ -167,21 +136,13 @@ std::vector<std::uint8_t> KorvelShared::serialize() const
 Result<KorvelUser> KorvelUser::parse(std::span<const std::uint8_t> bytes,
                                      const std::string& fileName)
 {
-    return parseArchive<KorvelUser>(bytes, fileName, [](ArchiveReader& in) {
-        KorvelUser u;
-        readUser(in, u);
-        return u;
-    });
+    return parseParts<KorvelUser>(bytes, fileName, readUser);
 }
 
 Salvaged<KorvelUser> KorvelUser::salvage(std::span<const std::uint8_t> bytes,
                                          const std::string& fileName)
 {
-    int parts = 0;
-    auto out = salvageArchive<KorvelUser>(
-        bytes, fileName, [&parts](ArchiveReader& in, KorvelUser& u) { readUser(in, u, &parts); });
-    out.partsRead = parts;
-    return out;
+    return salvageParts<KorvelUser>(bytes, fileName, readUser);
 }
 
 std::vector<std::uint8_t> KorvelUser::serialize() const

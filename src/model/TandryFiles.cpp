@@ -31,20 +31,7 @@ void writeDay(ArchiveWriter& out, const TandryDay& day)
 // to user names), the foods, the definition lists. parts counts the parts read.
 void readShared(ArchiveReader& in, TandryShared& s, int* parts = nullptr)
 {
-    TandryShared head;
-    head.version = in.u32();
-    head.header = in.text();
-    for (std::uint32_t& c : head.counters)
-        c = in.u32();
-    head.currentUser = in.u8();
-    const std::size_t names = in.u8();
-    for (std::size_t i = 0; i < names; ++i)
-        head.userNames.push_back(in.text());
-    s.version = head.version;
-    s.header = std::move(head.header);
-    s.counters = head.counters;
-    s.currentUser = head.currentUser;
-    s.userNames = std::move(head.userNames);
+    readSharedHead(in, s);
     if (parts)
         *parts = 1;
     std::vector<TandryFood> foods(in.count(MinTandryFoodSize));
@@ -80,37 +67,19 @@ void readUser(ArchiveReader& in, TandryUser& u, int* parts = nullptr)
 Result<TandryShared> TandryShared::parse(std::span<const std::uint8_t> bytes,
                                          const std::string& fileName)
 {
-    return parseArchive<TandryShared>(bytes, fileName, [](ArchiveReader& in) {
-        TandryShared s;
-        readShared(in, s);
-        return s;
-    });
+    return parseParts<TandryShared>(bytes, fileName, readShared);
 }
 
 Salvaged<TandryShared> TandryShared::salvage(std::span<const std::uint8_t> bytes,
                                              const std::string& fileName)
 {
-    int parts = 0;
-    auto out =
-        salvageArchive<TandryShared>(bytes, fileName, [&parts](ArchiveReader& in, TandryShared& s) {
-            readShared(in, s, &parts);
-        });
-    out.partsRead = parts;
-    return out;
+    return salvageParts<TandryShared>(bytes, fileName, readShared);
 }
 
 std::vector<std::uint8_t> TandryShared::serialize() const
 {
     ArchiveWriter out;
-    out.u32(TandryFormatVersion);
-    out.text(header);
-    for (std::uint32_t c : counters)
-        out.u32(c);
-    out.u8(currentUser);
-    const std::size_t names = std::min(userNames.size(), MaxUserNames);
-    out.u8(static_cast<std::uint8_t>(names));
-    for (std::size_t i = 0; i < names; ++i)
-        out.text(userNames[i]);
+    writeSharedHead(out, TandryFormatVersion, *this);
     out.count(foods.size());
     for (const TandryFood& f : foods)
         f.write(out);
@@ -127,21 +96,13 @@ void TandryShared::releaseLists()
 Result<TandryUser> TandryUser::parse(std::span<const std::uint8_t> bytes,
                                      const std::string& fileName)
 {
-    return parseArchive<TandryUser>(bytes, fileName, [](ArchiveReader& in) {
-        TandryUser u;
-        readUser(in, u);
-        return u;
-    });
+    return parseParts<TandryUser>(bytes, fileName, readUser);
 }
 
 Salvaged<TandryUser> TandryUser::salvage(std::span<const std::uint8_t> bytes,
                                          const std::string& fileName)
 {
-    int parts = 0;
-    auto out = salvageArchive<TandryUser>(
-        bytes, fileName, [&parts](ArchiveReader& in, TandryUser& u) { readUser(in, u, &parts); });
-    out.partsRead = parts;
-    return out;
+    return salvageParts<TandryUser>(bytes, fileName, readUser);
 }
 
 std::vector<std::uint8_t> TandryUser::serialize() const

@@ -2,16 +2,14 @@
 
 #include <algorithm>
 
+#include "model/DefinitionRecords.h"
+
 namespace velmora::model {
 
 namespace {
 
 // Smallest possible size of each record, for checking counts against the bytes left.
 constexpr std::size_t MinCustomFoodSize = 4 + 4 + 1 + 4 + StoredNutrientCount * 4;
-constexpr std::size_t MinFieldSize = 4 + 1 + 4;
-constexpr std::size_t MinExerciseSize = 4 + 1 + 4;
-constexpr std::size_t MinRoutineSize = 4 + 4 + 1 + 4;
-constexpr std::size_t MinVariableSize = 4 + 1 + 4 + 1 + 4 + 3 * 4;
 constexpr std::size_t MinVariableUseSize = 4 + 1 + 4 + 4;
 constexpr std::size_t MinHealthSize = 4 + 10 * 4 + 1 + MeasurementCount * 4 + 4;
 constexpr std::size_t MinDaySize = 4 + MinHealthSize + 4 + 4 + NoteCategoryCount;
@@ -20,22 +18,6 @@ constexpr std::size_t EntrySize = 4 + 4;
 constexpr std::size_t MinWorkoutSize = 4 + 4 + 4 + 1 + 4;
 constexpr std::size_t MinRecordSize = 4 + 4 + 4 + 4;
 constexpr std::size_t MinValueSize = 4 + 1;
-
-void readIdList(ArchiveReader& in, std::vector<std::int32_t>& ids)
-{
-    const std::size_t n = in.count(4);
-    ids.clear();
-    ids.reserve(n);
-    for (std::size_t i = 0; i < n; ++i)
-        ids.push_back(in.i32());
-}
-
-void writeIdList(ArchiveWriter& out, const std::vector<std::int32_t>& ids)
-{
-    out.count(ids.size());
-    for (std::int32_t id : ids)
-        out.i32(id);
-}
 
 void readMeal(ArchiveReader& in, Meal& meal)
 {
@@ -250,32 +232,14 @@ void readShared(ArchiveReader& in, SharedData& d, std::vector<ListKept>* lists =
         for (float& v : f.values)
             v = in.f32();
     });
-    readRecords(in.count(MinFieldSize), d.fields, at(lists, 2), [&](ExerciseField& f) {
-        f.id = in.i32();
-        f.name = in.text();
-        f.kind = in.i32();
-    });
-    readRecords(in.count(MinExerciseSize), d.exercises, at(lists, 3), [&](Exercise& e) {
-        e.id = in.i32();
-        e.name = in.text();
-        readIdList(in, e.fields);
-    });
-    readRecords(in.count(MinRoutineSize), d.routines, at(lists, 4), [&](Routine& r) {
-        r.id = in.i32();
-        r.calories = in.i32();
-        r.name = in.text();
-        readIdList(in, r.exercises);
-    });
-    readRecords(in.count(MinVariableSize), d.variables, at(lists, 5), [&](UserVariable& v) {
-        v.id = in.i32();
-        v.name = in.text();
-        v.number = in.f32();
-        v.text = in.text();
-        v.time = in.time();
-        v.askNumber = in.i32();
-        v.askText = in.i32();
-        v.askTime = in.i32();
-    });
+    readRecords(in.count(MinDefinitionSize<ExerciseField>), d.fields, at(lists, 2),
+                [&](ExerciseField& f) { readDefinition(in, f); });
+    readRecords(in.count(MinDefinitionSize<Exercise>), d.exercises, at(lists, 3),
+                [&](Exercise& e) { readDefinition(in, e); });
+    readRecords(in.count(MinDefinitionSize<Routine>), d.routines, at(lists, 4),
+                [&](Routine& r) { readDefinition(in, r); });
+    readRecords(in.count(MinDefinitionSize<UserVariable>), d.variables, at(lists, 5),
+                [&](UserVariable& v) { readDefinition(in, v); });
 }
 
 // Reads a user's file into j: the profile record, taken over once complete, then every day read
@@ -354,36 +318,10 @@ std::vector<std::uint8_t> SharedData::serialize() const
         for (float v : f.values)
             out.f32(v);
     }
-    out.count(fields.size());
-    for (const ExerciseField& f : fields) {
-        out.i32(f.id);
-        out.text(f.name);
-        out.i32(f.kind);
-    }
-    out.count(exercises.size());
-    for (const Exercise& e : exercises) {
-        out.i32(e.id);
-        out.text(e.name);
-        writeIdList(out, e.fields);
-    }
-    out.count(routines.size());
-    for (const Routine& r : routines) {
-        out.i32(r.id);
-        out.i32(r.calories);
-        out.text(r.name);
-        writeIdList(out, r.exercises);
-    }
-    out.count(variables.size());
-    for (const UserVariable& v : variables) {
-        out.i32(v.id);
-        out.text(v.name);
-        out.f32(v.number);
-        out.text(v.text);
-        out.time(v.time);
-        out.i32(v.askNumber);
-        out.i32(v.askText);
-        out.i32(v.askTime);
-    }
+    writeDefinitionList(out, fields);
+    writeDefinitionList(out, exercises);
+    writeDefinitionList(out, routines);
+    writeDefinitionList(out, variables);
     return out.take();
 }
 
