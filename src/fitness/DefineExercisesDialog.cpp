@@ -11,7 +11,7 @@
 #include "ui/AppContext.h"
 #include "fitness/DefinitionNames.h"
 #include "fitness/FitnessText.h"
-#include "fitness/logic/FitnessEdits.h"
+#include "model/FitnessDefinitionEdits.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
 
@@ -85,12 +85,12 @@ void DefineExercisesDialog::showExercise(int id)
 
 void DefineExercisesDialog::storeShown()
 {
-    std::vector<FieldRow> rows;
+    std::vector<model::FieldRow> rows;
     for (int r = 0; r < m_fields->count(); ++r) {
         const QListWidgetItem* item = m_fields->item(r);
         rows.push_back({item->data(Qt::UserRole).toInt(), item->checkState() == Qt::Checked});
     }
-    const auto id = storeExercise(m_context.store().shared, toRecord(m_typed), rows);
+    const auto id = model::storeExercise(m_context.store().shared, toRecord(m_typed), rows);
     if (!id)
         return;
     m_context.notifyChanged(ui::Change::Definitions);
@@ -120,7 +120,7 @@ void DefineExercisesDialog::onDelete()
     const int id = m_names->currentData().toInt();
     if (m_names->currentIndex() < 0 || !ui::confirmDelete(this, ui::MsgDeleteExercise))
         return;
-    if (deleteExercise(m_context.store(), id))
+    if (model::deleteExercise(m_context.store(), id))
         m_context.notifyChanged(ui::Change::Definitions);
     fillNames(-1);
     showExercise(-1);

@@ -10,7 +10,7 @@
 #include "ui/AppContext.h"
 #include "fitness/DefinitionNames.h"
 #include "fitness/FitnessText.h"
-#include "fitness/logic/FitnessEdits.h"
+#include "model/FitnessDefinitionEdits.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
 
@@ -85,7 +85,7 @@ void DefineFieldsDialog::storeShown()
         name = field->name;
     else
         return;
-    const auto id = storeField(shared, name, m_type->currentData().toInt());
+    const auto id = model::storeField(shared, name, m_type->currentData().toInt());
     if (!id)
         return;
     m_context.notifyChanged(ui::Change::Definitions);
@@ -126,7 +126,7 @@ void DefineFieldsDialog::onDelete()
     if (!ui::confirmDelete(this, ui::MsgDeleteField))
         return;
     // The field of exactly the shown name goes, with every reference to it.
-    if (deleteField(m_context.store(), toRecord(m_typed)))
+    if (model::deleteField(m_context.store(), toRecord(m_typed)))
         m_context.notifyChanged(ui::Change::Definitions);
     m_enteringNew = false;
     fillNames(-1);

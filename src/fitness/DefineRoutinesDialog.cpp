@@ -17,8 +17,8 @@
 #include "fitness/DefinitionNames.h"
 #include "fitness/FitnessText.h"
 #include "fitness/MuscleChartDialog.h"
-#include "fitness/logic/FitnessEdits.h"
 #include "fitness/logic/HealthValues.h"
+#include "model/FitnessDefinitionEdits.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
 
@@ -161,7 +161,8 @@ bool DefineRoutinesDialog::storeShown()
     std::vector<std::int32_t> exercises;
     for (int r = 0; r < m_contents->count(); ++r)
         exercises.push_back(m_contents->item(r)->data(IdRole).toInt());
-    const auto id = storeRoutine(m_context.store().shared, toRecord(m_typed), exercises, *calories);
+    const auto id =
+        model::storeRoutine(m_context.store().shared, toRecord(m_typed), exercises, *calories);
     if (id) {
         m_context.notifyChanged(ui::Change::Definitions);
         fillNames(*id);
@@ -202,10 +203,9 @@ void DefineRoutinesDialog::onDelete()
 {
     const auto* routine =
         definitionWithId(m_context.store().shared.routines, m_names->currentData().toInt());
-    if (m_names->currentIndex() < 0 || !routine ||
-        !ui::confirmDelete(this, ui::MsgDeleteRoutine))
+    if (m_names->currentIndex() < 0 || !routine || !ui::confirmDelete(this, ui::MsgDeleteRoutine))
         return;
-    if (deleteRoutine(m_context.store(), routine->id))
+    if (model::deleteRoutine(m_context.store(), routine->id))
         m_context.notifyChanged(ui::Change::Definitions);
     fillNames(-1);
     showRoutine(-1);

@@ -16,8 +16,8 @@
 #include "ui/AppContext.h"
 #include "fitness/DefinitionNames.h"
 #include "fitness/FitnessText.h"
-#include "fitness/logic/FitnessEdits.h"
 #include "fitness/logic/HealthValues.h"
+#include "model/FitnessDefinitionEdits.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
 
@@ -166,7 +166,7 @@ bool DefineVariableDialog::storeShown()
         name = toRecord(m_typed);
     else if (const auto* shown = definitionWithId(store.shared.variables, m_shownId))
         name = shown->name;
-    const auto id = storeVariable(store.shared, name, m_form);
+    const auto id = model::storeVariable(store.shared, name, m_form);
     if (!id)
         return true; // an empty name stores nothing
     m_context.notifyChanged(ui::Change::Definitions);
@@ -210,7 +210,7 @@ void DefineVariableDialog::onDelete()
 {
     if (m_shownId < 0 || !ui::confirmDelete(this, ui::MsgRemoveVariable))
         return;
-    if (deleteVariable(m_context.store(), m_shownId))
+    if (model::deleteVariable(m_context.store(), m_shownId))
         m_context.notifyChanged(ui::Change::Definitions);
     fillNames(-1);
     m_enteringNew = false;

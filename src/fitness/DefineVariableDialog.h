@@ -55,7 +55,7 @@ private:
     QRadioButton* m_askTime = nullptr;
     QPushButton* m_delete = nullptr;
 
-    VariableForm m_form;
+    model::VariableForm m_form;
     std::int32_t m_shownId = -1; // the definition shown, -1 for none
     QString m_typed;             // the name shown, as typed or chosen
     bool m_enteringNew = false;

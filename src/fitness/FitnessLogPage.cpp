@@ -39,8 +39,7 @@ model::TimeT now()
 
 } // namespace
 
-FitnessLogPage::FitnessLogPage(ui::AppContext& context, QWidget* parent)
-    : ui::Page(context, parent)
+FitnessLogPage::FitnessLogPage(ui::AppContext& context, QWidget* parent) : ui::Page(context, parent)
 {
     m_tree = new QTreeWidget(this);
     m_tree->setObjectName(QStringLiteral("fitnessLog"));
@@ -189,13 +188,13 @@ std::optional<FitnessRowRef> FitnessLogPage::selectedRef() const
     return ref;
 }
 
-std::optional<WorkoutPlace> FitnessLogPage::selectedWorkout() const
+std::optional<model::WorkoutPlace> FitnessLogPage::selectedWorkout() const
 {
     const auto ref = selectedRef();
     if (!workoutRowSelected(ref ? &*ref : nullptr))
         return std::nullopt;
     const model::UserJournal& journal = context().store().journal;
-    const WorkoutPlace place{ref->day, static_cast<std::size_t>(ref->workout)};
+    const model::WorkoutPlace place{ref->day, static_cast<std::size_t>(ref->workout)};
     if (place.day >= journal.days.size() ||
         place.workout >= journal.days[place.day].workouts.size())
         return std::nullopt;
@@ -239,7 +238,7 @@ void FitnessLogPage::onDoRoutine()
     DoRoutineDialog dialog(context(), newWorkout(shared, *routine, now()), nullptr, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    commitWorkout(context().store().journal, dialog.workout(), std::nullopt);
+    model::commitWorkout(context().store().journal, dialog.workout(), std::nullopt);
     context().notifyChanged(ui::Change::Journal);
     rebuild();
 }
@@ -254,7 +253,7 @@ void FitnessLogPage::onEdit()
     DoRoutineDialog dialog(context(), recorded, &recorded, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    commitWorkout(journal, dialog.workout(), place);
+    model::commitWorkout(journal, dialog.workout(), place);
     context().notifyChanged(ui::Change::Journal);
     rebuild();
 }
@@ -264,7 +263,7 @@ void FitnessLogPage::onDelete()
     const auto place = selectedWorkout();
     if (!place)
         return;
-    if (deleteWorkout(context().store().journal, *place))
+    if (model::deleteWorkout(context().store().journal, *place))
         context().notifyChanged(ui::Change::Journal);
     rebuild();
 }
@@ -281,7 +280,7 @@ void FitnessLogPage::onColumns()
     food::ChooseColumnsDialog dialog(items, chosen, this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    setFitnessColumns(context().store().journal.user, chosen);
+    model::setFitnessColumns(context().store().journal.user, chosen);
     context().notifyChanged(ui::Change::Journal);
     rebuild();
 }
@@ -311,7 +310,7 @@ void FitnessLogPage::onSectionResized(int column, int, int newSize)
 {
     if (m_building)
         return;
-    setFitnessColumnWidth(context().store().journal.user, column, newSize);
+    model::setFitnessColumnWidth(context().store().journal.user, column, newSize);
     context().notifyChanged(ui::Change::Journal);
 }
 

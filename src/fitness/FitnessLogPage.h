@@ -3,8 +3,8 @@
 #include <optional>
 
 #include "ui/Page.h"
-#include "fitness/logic/FitnessEdits.h"
 #include "fitness/logic/FitnessLog.h"
+#include "model/FitnessJournalEdits.h"
 
 class QPushButton;
 class QTreeWidget;
@@ -33,7 +33,7 @@ private:
     void rebuild();
     void setUpColumns();
     std::optional<FitnessRowRef> selectedRef() const;
-    std::optional<WorkoutPlace> selectedWorkout() const;
+    std::optional<model::WorkoutPlace> selectedWorkout() const;
     void updateButtons();
 
     void onDoRoutine();

@@ -27,10 +27,10 @@
 #include "fitness/FitnessText.h"
 #include "fitness/MeasurementsDialog.h"
 #include "fitness/UseVariableDialog.h"
-#include "fitness/logic/FitnessEdits.h"
 #include "fitness/logic/HealthValues.h"
 #include "fitness/logic/JournalDays.h"
 #include "fitness/logic/UserVariables.h"
+#include "model/FitnessJournalEdits.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
 
@@ -308,7 +308,7 @@ bool HealthPage::storeShown(bool say)
 {
     if (!readControls(say))
         return false;
-    if (storeHealthEntry(context().store().journal, m_shown, m_entry))
+    if (model::storeHealthEntry(context().store().journal, m_shown, m_entry))
         context().notifyChanged(ui::Change::Journal);
     return true;
 }
@@ -324,7 +324,7 @@ void HealthPage::load(const model::CalendarDate& date, bool store)
     }
     const PendingDelete::LoadSteps steps = m_pendingDelete.beginLoad();
     model::UserJournal& journal = context().store().journal;
-    if (steps.clearDayEntry && clearHealthEntry(journal, m_shown))
+    if (steps.clearDayEntry && model::clearHealthEntry(journal, m_shown))
         context().notifyChanged(ui::Change::Journal);
     m_shown = date;
     m_entry = entryToShow(journal, m_shown, steps);

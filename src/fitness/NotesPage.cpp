@@ -12,8 +12,8 @@
 #include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "fitness/FitnessText.h"
-#include "fitness/logic/FitnessEdits.h"
 #include "fitness/logic/JournalNotes.h"
+#include "model/FitnessJournalEdits.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
 
@@ -90,8 +90,8 @@ void NotesPage::refreshPage()
 
 void NotesPage::storePage()
 {
-    if (storeNote(context().store().journal, m_shownDate, m_shownCategory,
-                  toRecord(m_note->toPlainText())))
+    if (model::storeNote(context().store().journal, m_shownDate, m_shownCategory,
+                         toRecord(m_note->toPlainText())))
         context().notifyChanged(ui::Change::Journal);
 }
 

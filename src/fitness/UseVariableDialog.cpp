@@ -21,7 +21,7 @@ UseVariableDialog::UseVariableDialog(const model::UserVariable& definition, bool
     : QDialog(parent), m_definition(definition)
 {
     setWindowTitle(QStringLiteral("Use Variable"));
-    const AskedParts asked = askedParts(definition);
+    const model::AskedParts asked = askedParts(definition);
     auto* heading = new QLabel(fromRecord(definition.name), this);
     QFont font = heading->font();
     font.setBold(true);

@@ -24,6 +24,7 @@ TEST(ActivityEstimate, CaloriesUsed)
         {"Light 30 min at 175: 2.8 counts as 2", 2, 175.0f, 0, 30, 60},
         {"Heavy at exactly 140: first column", 4, 140.0f, 0, 10, 70},
         {"Heavy at 140.5: second column", 4, 140.5f, 0, 10, 80},
+        {"Heavy at exactly 160: second column", 4, 160.0f, 0, 10, 80},
         {"Very Heavy at 180: third column", 5, 180.0f, 0, 10, 150},
         {"Very Heavy above 180: last column", 5, 180.5f, 0, 10, 170},
         {"Hours and minutes add up", 4, 200.0f, 2, 15, 11 * 135},

@@ -98,3 +98,13 @@ TEST(FitnessLog, StatusTexts)
     }
     EXPECT_FALSE(workoutRowSelected(nullptr));
 }
+
+TEST(FitnessLog, ColumnWidthsSavedOrFromTheHeader)
+{
+    model::User user;
+    EXPECT_EQ(dateColumnWidth(user), 150);
+    user.fitnessColumnWidths = {210, 0, 90, 0, 0, 0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(dateColumnWidth(user), 210);
+    EXPECT_EQ(fieldColumnWidth(user, 0, 40), 55); // the header text plus 15
+    EXPECT_EQ(fieldColumnWidth(user, 1, 40), 90);
+}

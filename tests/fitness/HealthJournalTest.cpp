@@ -1,5 +1,5 @@
-// The health page's days: "Previous Entries", "Previous Values", storing, the pending delete and
-// the Measurements dialog.
+// The health page's days: "Previous Entries", "Previous Values", the pending delete and the
+// Measurements dialog.
 
 #include <gtest/gtest.h>
 
@@ -29,12 +29,10 @@ model::JournalDay dayOn(CalendarDate date, float weight)
 model::UserJournal journalOfDays()
 {
     model::UserJournal journal;
-    journal.days.push_back(dayOn({2026, 3, 10}, 0.0f));
-    journal.days.back().meals.push_back({});
-    journal.days.push_back(dayOn({2026, 3, 12}, 150.0f));
-    journal.days.push_back(dayOn({2026, 3, 5}, 140.0f));
-    journal.days.push_back(dayOn({2026, 3, 14}, 0.0f));
-    journal.days.push_back(dayOn({2026, 3, 16}, 155.0f));
+    journal.days = {dayOn({2026, 3, 10}, 0.0f), dayOn({2026, 3, 12}, 150.0f),
+                    dayOn({2026, 3, 5}, 140.0f), dayOn({2026, 3, 14}, 0.0f),
+                    dayOn({2026, 3, 16}, 155.0f)};
+    journal.days[0].meals.push_back({});
     return journal;
 }
 
@@ -76,33 +74,6 @@ TEST(HealthJournal, PreviousValuesTakesTheLatestEarlierEntryWithValues)
     model::UserJournal onlyEmpty;
     onlyEmpty.days.push_back(dayOn({2026, 3, 10}, 0.0f));
     EXPECT_EQ(previousValuesDay(onlyEmpty, {2026, 3, 11}), std::nullopt);
-}
-
-TEST(HealthJournal, StoringMakesADayOnlyForValues)
-{
-    const model::UserJournal journal = journalOfDays();
-    model::HealthEntry withValue;
-    withValue.pulse = 60.0f;
-    struct Case
-    {
-        CalendarDate date;
-        model::HealthEntry entry;
-        StoreAction action;
-        std::size_t day;
-    };
-    const Case cases[] = {
-        {{2026, 3, 14}, {}, StoreAction::UpdateDay, 3}, // an existing day takes even nothing
-        {{2026, 3, 12}, withValue, StoreAction::UpdateDay, 1},
-        {{2026, 3, 20}, {}, StoreAction::Nothing, 0},
-        {{2026, 3, 20}, withValue, StoreAction::AppendDay, 0},
-    };
-    for (const Case& c : cases) {
-        const StorePlan plan = planHealthStore(journal, c.date, c.entry);
-        EXPECT_EQ(plan.action, c.action);
-        if (plan.action == StoreAction::UpdateDay) {
-            EXPECT_EQ(plan.day, c.day);
-        }
-    }
 }
 
 TEST(HealthJournal, DeleteSkipsTheStoreAndShowsAFreshEntryOnce)

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "WorkoutFixtures.h"
 #include "fitness/logic/JournalNotes.h"
 #include "model/UserDatabase.h"
 
@@ -21,13 +22,11 @@ constexpr int Fitness = 3;
 TEST(JournalNotes, PreviousEntriesPerCategory)
 {
     model::UserJournal journal;
-    journal.days.resize(3);
-    journal.days[0].date = model::CalendarDate{2026, 3, 1}.toTime();
+    for (int day = 1; day <= 3; ++day)
+        journal.days.push_back(test::dayOf({2026, 3, day}, {}));
     journal.days[0].notes[Fitness] = "Ran 5 km";
-    journal.days[1].date = model::CalendarDate{2026, 3, 2}.toTime();
     journal.days[1].notes[Diet] = "No sugar";
     journal.days[1].notes[Fitness] = "Rest";
-    journal.days[2].date = model::CalendarDate{2026, 3, 3}.toTime();
 
     EXPECT_EQ(noteDays(journal, Fitness), (std::vector<std::size_t>{0, 1}));
     EXPECT_EQ(noteDays(journal, Diet), (std::vector<std::size_t>{1}));

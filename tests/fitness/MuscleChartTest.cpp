@@ -41,15 +41,10 @@ std::string groupWith(const std::string& svg, const std::string& attribute)
 
 TEST(MuscleChart, ButtonsOfBothViews)
 {
-    EXPECT_EQ(InitialBodyView, BodyView::Front);
-    EXPECT_EQ(rotated(rotated(InitialBodyView)), BodyView::Front);
-    const MuscleButton& hidden = muscleButtons(rotated(rotated(InitialBodyView)))[10];
-    EXPECT_FALSE(hidden.visible);
-    EXPECT_STREQ(hidden.label, "");
-
+    EXPECT_EQ(rotated(rotated(InitialBodyView)), InitialBodyView);
+    EXPECT_FALSE(muscleButtons(BodyView::Front)[10].visible);
     const MuscleButton& triceps = muscleButtons(rotated(InitialBodyView))[0];
     EXPECT_STREQ(triceps.label, "1: Triceps");
-    EXPECT_STREQ(triceps.exercises, "Dips, Tricep Extention, Overhead Tricep Press");
     EXPECT_EQ(exerciseNames(triceps),
               (std::vector<std::string>{"Dips", "Tricep Extention", "Overhead Tricep Press"}));
 
@@ -59,9 +54,8 @@ TEST(MuscleChart, ButtonsOfBothViews)
             const MuscleButton& b = buttons[static_cast<std::size_t>(k - 1)];
             SCOPED_TRACE(b.label);
             EXPECT_EQ(b.textId, 898 + 2 * k + (view == BodyView::Back ? 1 : 0));
-            if (b.visible) { // labels are numbered in order
-                EXPECT_EQ(std::string(b.label).rfind(std::to_string(k) + ": ", 0), 0u);
-            }
+            // Labels are numbered in order; a hidden button has none.
+            EXPECT_EQ(std::string(b.label).rfind(std::to_string(k) + ": ", 0) == 0, b.visible);
         }
     }
 }

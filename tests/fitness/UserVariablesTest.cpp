@@ -12,19 +12,11 @@ using namespace velmora::fitness;
 
 namespace {
 
-model::UserVariable definition(std::int32_t id, const char* name, bool askNumber, bool askText,
-                               bool askTime)
+// A definition locking 250, "mg" and the time 1000 where it does not ask.
+model::UserVariable definition(std::int32_t id, const char* name, int askNumber, int askText,
+                               int askTime)
 {
-    model::UserVariable v;
-    v.id = id;
-    v.name = name;
-    v.number = 250.0f;
-    v.text = "mg";
-    v.time = 1000;
-    v.askNumber = askNumber;
-    v.askText = askText;
-    v.askTime = askTime;
-    return v;
+    return {id, name, 250.0f, "mg", 1000, askNumber, askText, askTime};
 }
 
 } // namespace
@@ -68,7 +60,10 @@ TEST(UserVariables, AddingAUse)
 {
     const model::UserVariable locked = definition(6, "Aspirin", false, false, false);
     EXPECT_FALSE(asksEachTime(locked)); // added at once, with the locked values
-    EXPECT_EQ(lockedUse(locked).text, "mg");
+    const model::VariableUse use = lockedUse(locked);
+    EXPECT_EQ(use.variable, 6);
+    EXPECT_EQ(use.number, 250.0f);
+    EXPECT_EQ(use.text, "mg");
 
     // "Use Variable" takes only what the definition asks for; the rest stays locked.
     const model::UserVariable asksText = definition(7, "Mood pill", false, true, false);
@@ -83,7 +78,7 @@ TEST(UserVariables, DefineVariableForm)
 {
     // No definition chosen: everything asked, number 0, no text, time now; only the name is open
     // for a new variable.
-    VariableForm form = variableForm(nullptr, 4242);
+    model::VariableForm form = variableForm(nullptr, 4242);
     EXPECT_EQ(form.time, 4242);
     VariableFormEnabling on = variableFormEnabling(form, true);
     EXPECT_TRUE(on.name);
@@ -104,12 +99,4 @@ TEST(UserVariables, DefineVariableForm)
     form.number = 3.0f;
     setAskNumber(form, false);
     EXPECT_EQ(form.number, 3.0f);
-
-    model::UserVariable stored;
-    applyVariableForm(stored, form);
-    EXPECT_EQ(stored.askNumber, 0);
-    EXPECT_EQ(stored.askText, 1);
-    EXPECT_EQ(stored.askTime, 0);
-    EXPECT_EQ(stored.number, 3.0f);
-    EXPECT_EQ(stored.time, 1000);
 }

@@ -36,12 +36,6 @@ bool previousValuesEnabled(const model::UserJournal& journal)
     return false;
 }
 
-StorePlan planHealthStore(const model::UserJournal& journal, const model::CalendarDate& date,
-                          const model::HealthEntry& working)
-{
-    return planStore(journal, date, working.isEmpty());
-}
-
 PendingDelete::LoadSteps PendingDelete::beginLoad()
 {
     LoadSteps steps;

@@ -30,11 +30,6 @@ std::optional<std::size_t> previousValuesDay(const model::UserJournal& journal,
 // " << &Previous Values" is offered while the user has at least one entry that is not empty.
 bool previousValuesEnabled(const model::UserJournal& journal);
 
-// Storing the page: the day of the date gets a copy of the working entry; with no day of the
-// date, a day is appended only for an entry that is not empty.
-StorePlan planHealthStore(const model::UserJournal& journal, const model::CalendarDate& date,
-                          const model::HealthEntry& working);
-
 // The mark that "De&lete Entry" sets before it reloads the day. While it is set, the load does not
 // store the page (that would write the deleted values back), clears the day's entry and shows a
 // fresh one; every load clears the mark.

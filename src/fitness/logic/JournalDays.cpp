@@ -18,14 +18,6 @@ std::string listDateText(const model::User& user, model::TimeT date)
     return model::shortDateText(date, user.isMetric(), true);
 }
 
-StorePlan planStore(const model::UserJournal& journal, const model::CalendarDate& date,
-                    bool valueIsEmpty)
-{
-    if (const auto day = dayIndexOf(journal, date))
-        return {StoreAction::UpdateDay, *day};
-    return {valueIsEmpty ? StoreAction::Nothing : StoreAction::AppendDay, 0};
-}
-
 std::optional<std::size_t> lineOfDate(const model::UserJournal& journal,
                                       const std::vector<std::size_t>& listedDays,
                                       const model::CalendarDate& date)

@@ -27,25 +27,6 @@ std::optional<std::size_t> dayIndexOf(const model::UserJournal& journal,
 // reach back over years.
 std::string listDateText(const model::User& user, model::TimeT date);
 
-// What storing a page's value into the journal comes to.
-enum class StoreAction
-{
-    UpdateDay, // the user has a day of that date: its value is replaced
-    AppendDay, // no day of that date and something to keep: a new day holding it is appended
-    Nothing    // no day of that date and nothing to keep: no day is made
-};
-
-struct StorePlan
-{
-    StoreAction action = StoreAction::Nothing;
-    std::size_t day = 0; // the day to update (UpdateDay only)
-};
-
-// The plan for a value of a date: an existing day is always updated (even with an empty value,
-// which clears what it held); otherwise a day is appended only when the value is not empty.
-StorePlan planStore(const model::UserJournal& journal, const model::CalendarDate& date,
-                    bool valueIsEmpty);
-
 // Positions of the days for which keep(day) holds, in the order of the user's list.
 template <typename Predicate>
 std::vector<std::size_t> daysWhere(const std::vector<model::JournalDay>& days, Predicate keep)

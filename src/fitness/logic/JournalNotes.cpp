@@ -31,10 +31,4 @@ std::string noteOf(const model::UserJournal& journal, const model::CalendarDate&
     return {};
 }
 
-StorePlan planNoteStore(const model::UserJournal& journal, const model::CalendarDate& date,
-                        const std::string& text)
-{
-    return planStore(journal, date, text.empty());
-}
-
 } // namespace velmora::fitness

@@ -24,10 +24,4 @@ std::vector<std::size_t> noteDays(const model::UserJournal& journal, int categor
 std::string noteOf(const model::UserJournal& journal, const model::CalendarDate& date,
                    int category);
 
-// Storing the shown text: a day of the date gets the text (an empty text clears its note); with
-// no day of the date, a day is made only for a text that is not empty, so storing an empty note
-// into a day with no other data makes no day.
-StorePlan planNoteStore(const model::UserJournal& journal, const model::CalendarDate& date,
-                        const std::string& text);
-
 } // namespace velmora::fitness

@@ -50,14 +50,14 @@ std::optional<std::size_t> usePosition(int itemData, const model::HealthEntry& e
     return position;
 }
 
-AskedParts askedParts(const model::UserVariable& definition)
+model::AskedParts askedParts(const model::UserVariable& definition)
 {
     return {definition.askNumber != 0, definition.askText != 0, definition.askTime != 0};
 }
 
 bool asksEachTime(const model::UserVariable& definition)
 {
-    const AskedParts asked = askedParts(definition);
+    const model::AskedParts asked = askedParts(definition);
     return asked.number || asked.text || asked.time;
 }
 
@@ -74,7 +74,7 @@ model::VariableUse lockedUse(const model::UserVariable& definition)
 model::VariableUse useFromDialog(const model::UserVariable& definition, float number,
                                  const std::string& text, model::TimeT time)
 {
-    const AskedParts asked = askedParts(definition);
+    const model::AskedParts asked = askedParts(definition);
     model::VariableUse use = lockedUse(definition);
     if (asked.number)
         use.number = number;
@@ -85,9 +85,9 @@ model::VariableUse useFromDialog(const model::UserVariable& definition, float nu
     return use;
 }
 
-VariableForm variableForm(const model::UserVariable* definition, model::TimeT now)
+model::VariableForm variableForm(const model::UserVariable* definition, model::TimeT now)
 {
-    VariableForm form;
+    model::VariableForm form;
     form.time = now;
     if (!definition)
         return form;
@@ -98,33 +98,23 @@ VariableForm variableForm(const model::UserVariable* definition, model::TimeT no
     return form;
 }
 
-void setAskNumber(VariableForm& form, bool ask)
+void setAskNumber(model::VariableForm& form, bool ask)
 {
     form.ask.number = ask;
     if (ask)
         form.number = 0.0f;
 }
 
-void setAskText(VariableForm& form, bool ask)
+void setAskText(model::VariableForm& form, bool ask)
 {
     form.ask.text = ask;
     if (ask)
         form.text.clear();
 }
 
-VariableFormEnabling variableFormEnabling(const VariableForm& form, bool enteringNew)
+VariableFormEnabling variableFormEnabling(const model::VariableForm& form, bool enteringNew)
 {
     return {enteringNew, !form.ask.number, !form.ask.text, !form.ask.time};
-}
-
-void applyVariableForm(model::UserVariable& definition, const VariableForm& form)
-{
-    definition.askNumber = form.ask.number ? 1 : 0;
-    definition.askText = form.ask.text ? 1 : 0;
-    definition.askTime = form.ask.time ? 1 : 0;
-    definition.number = form.number;
-    definition.text = form.text;
-    definition.time = form.time;
 }
 
 } // namespace velmora::fitness

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "model/FitnessDefinitionEdits.h"
 #include "model/Journal.h"
 
 namespace velmora::fitness {
@@ -41,32 +42,17 @@ model::VariableUse lockedUse(const model::UserVariable& definition);
 
 // "Use Variable": which controls take input (the parts asked each time), and the use that "OK"
 // gives: the asked parts from the dialog, the others locked.
-struct AskedParts
-{
-    bool number = false;
-    bool text = false;
-    bool time = false;
-};
-AskedParts askedParts(const model::UserVariable& definition);
+model::AskedParts askedParts(const model::UserVariable& definition);
 model::VariableUse useFromDialog(const model::UserVariable& definition, float number,
                                  const std::string& text, model::TimeT time);
 
-// "Add/Define Variable": the values its controls hold for one definition.
-struct VariableForm
-{
-    float number = 0.0f;
-    std::string text;
-    model::TimeT time = 0;
-    AskedParts ask{true, true, true}; // the three "Edit every time" choices
-};
-
 // The form for a definition, or, with none chosen, everything asked each time, number 0, no text
 // and the time now.
-VariableForm variableForm(const model::UserVariable* definition, model::TimeT now);
+model::VariableForm variableForm(const model::UserVariable* definition, model::TimeT now);
 
 // Checking "Edit every time" for the number sets the number to 0; for the text, empties the text.
-void setAskNumber(VariableForm& form, bool ask);
-void setAskText(VariableForm& form, bool ask);
+void setAskNumber(model::VariableForm& form, bool ask);
+void setAskText(model::VariableForm& form, bool ask);
 
 // Which controls of "Add/Define Variable" are enabled: the name only while a new variable is being
 // entered; each value control only while its part is locked (not asked each time).
@@ -77,9 +63,6 @@ struct VariableFormEnabling
     bool text = false;
     bool time = false;
 };
-VariableFormEnabling variableFormEnabling(const VariableForm& form, bool enteringNew);
-
-// Copies the form into a definition: the three flags and the locked number, text and time.
-void applyVariableForm(model::UserVariable& definition, const VariableForm& form);
+VariableFormEnabling variableFormEnabling(const model::VariableForm& form, bool enteringNew);
 
 } // namespace velmora::fitness

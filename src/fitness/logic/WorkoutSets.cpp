@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <ctime>
-#include <map>
 
+#include "model/FitnessJournalEdits.h"
 #include "model/FoodDatabase.h"
 #include "model/TextCodec.h"
 #include "model/UserDatabase.h"
@@ -89,21 +89,14 @@ model::WorkoutEntry newWorkout(const model::SharedData& shared, const model::Rou
         set.time = now;
         workout.exercises.push_back(std::move(set));
     }
-    renumberSets(workout.exercises);
+    model::renumberSets(workout.exercises);
     return workout;
-}
-
-void renumberSets(std::vector<model::ExerciseRecord>& sets)
-{
-    std::map<std::int32_t, std::int32_t> seen;
-    for (model::ExerciseRecord& set : sets)
-        set.setNumber = seen[set.exercise]++;
 }
 
 void appendSet(std::vector<model::ExerciseRecord>& sets, model::ExerciseRecord set)
 {
     sets.push_back(std::move(set));
-    renumberSets(sets);
+    model::renumberSets(sets);
 }
 
 bool removeSet(std::vector<model::ExerciseRecord>& sets, std::size_t index)
@@ -111,7 +104,7 @@ bool removeSet(std::vector<model::ExerciseRecord>& sets, std::size_t index)
     if (index >= sets.size())
         return false;
     sets.erase(sets.begin() + static_cast<std::ptrdiff_t>(index));
-    renumberSets(sets);
+    model::renumberSets(sets);
     return true;
 }
 
@@ -124,7 +117,7 @@ std::optional<std::size_t> moveSet(std::vector<model::ExerciseRecord>& sets, std
         return std::nullopt;
     const std::size_t other = direction < 0 ? index - 1 : index + 1;
     std::swap(sets[index], sets[other]);
-    renumberSets(sets);
+    model::renumberSets(sets);
     return other;
 }
 

@@ -28,10 +28,6 @@ model::WorkoutEntry newWorkout(const model::SharedData& shared, const model::Rou
 // A new set of an exercise: one empty value per field of the exercise, in its field order.
 model::ExerciseRecord newSet(const model::SharedData& shared, std::int32_t exercise);
 
-// Each set's number becomes the count of earlier sets of the same exercise (the first is 0, shown
-// as Set 1): sets A, B, A, A are numbered 0, 0, 1, 2.
-void renumberSets(std::vector<model::ExerciseRecord>& sets);
-
 // The set list's edits, each followed by renumbering. appendSet adds at the end; removeSet takes
 // the set at index out (false when there is none); moveSet swaps the set at index with its
 // neighbour above (-1) or below (+1) and returns the moved set's new index, or nothing when it
