@@ -17,9 +17,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A data folder as the program leaves it (foods.db, velmora.db, Dana.db) with a
-// handheld folder holding the diet and workout files of the handheld users
-// "Ann" (and "Bob").
+// A data folder as the program leaves it (foods.db, velmora.db, Dana.db) with a handheld folder
+// holding the diet and workout files of the handheld users "Ann" (and "Bob").
 struct DataFolder
 {
     test::TempDir dir;
@@ -44,8 +43,7 @@ struct DataFolder
     std::map<fs::path, std::vector<std::uint8_t>> snapshot() const
     {
         std::map<fs::path, std::vector<std::uint8_t>> files;
-        // The folder's lock file, left empty by every run that took the folder,
-        // holds no data.
+        // The folder's lock file, left empty by every run that took the folder, holds no data.
         for (const auto& e : fs::recursive_directory_iterator(dir.path()))
             if (e.is_regular_file() && e.path().filename() != "velmora.lock")
                 files[fs::relative(e.path(), dir.path())] = test::readBytes(e.path());

@@ -208,7 +208,11 @@ TEST(SyncExport, ExportThenImportThroughTheFolder)
             ASSERT_TRUE(shared.ok() && user.ok());
             EXPECT_EQ(shared.value().header, "KV");
             EXPECT_EQ(user.value().profile.setting24, 24u);
-            EXPECT_EQ(user.value().days.size(), 2u);
+            // The desktop's counters of fields, exercises, routines and variables; the 10th and
+            // the second 12th carry workout data, the 11th and the first 12th not.
+            EXPECT_EQ(shared.value().counters, (std::array<std::uint32_t, 4>{13, 22, 31, 5}));
+            ASSERT_EQ(user.value().days.size(), 2u);
+            EXPECT_EQ(user.value().days[0].note, "f1");
         }
 
         SyncOperation back = f.prepare(h, SyncDirection::Import, 0);
