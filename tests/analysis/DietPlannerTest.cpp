@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "analysis/logic/DietGoals.h"
 #include "analysis/logic/DietPlanner.h"
@@ -84,22 +85,16 @@ TEST(DietPlanner, DailyChangeDifficultyAndTexts)
 TEST(DietPlanner, EqualWeightsAreSilentAndTheEndMustFollowTheStart)
 {
     const model::CalendarDate start{2026, 3, 20};
-    struct Case
-    {
-        model::CalendarDate end;
-        float endWeight;
-        PlanOutcome outcome;
-    };
-    const Case cases[] = {
+    const std::tuple<model::CalendarDate, float, PlanOutcome> cases[] = {
         {{2026, 4, 20}, 150.0f, PlanOutcome::Unchanged},
         {start, 150.0f, PlanOutcome::Unchanged}, // equal weights win over wrong dates
         {start, 140.0f, PlanOutcome::EndNotAfterStart},
         {{2026, 3, 19}, 140.0f, PlanOutcome::EndNotAfterStart},
         {{2026, 3, 21}, 140.0f, PlanOutcome::Planned},
     };
-    for (const Case& c : cases) {
-        const auto r = analysis::calculateDiet({start, c.end, 150.0f, c.endWeight, false});
-        EXPECT_EQ(r.outcome, c.outcome) << c.end.day << " " << c.endWeight;
+    for (const auto& [end, endWeight, outcome] : cases) {
+        const auto r = analysis::calculateDiet({start, end, 150.0f, endWeight, false});
+        EXPECT_EQ(r.outcome, outcome) << end.day << " " << endWeight;
         if (r.outcome != PlanOutcome::Planned) {
             EXPECT_TRUE(r.planText.empty() && r.difficultyText.empty());
         }
@@ -108,20 +103,15 @@ TEST(DietPlanner, EqualWeightsAreSilentAndTheEndMustFollowTheStart)
 
 TEST(DietPlanner, AcceptStoresASignedDailyChange)
 {
-    struct Case
-    {
-        model::CalendarDate end;
-        float from, to;
-        float dailyChange;
-    };
-    const Case cases[] = {{{2026, 3, 16}, 140.0f, 150.0f, 500.0f}, // a gain: eat more
-                          {{2026, 3, 16}, 150.0f, 140.0f, -500.0f},
-                          {{2026, 1, 5}, 150.0f, 140.0f, 0.0f}}; // nothing computed
-    for (const Case& c : cases) {
+    const std::tuple<model::CalendarDate, float, float, float> cases[] = {
+        {{2026, 3, 16}, 140.0f, 150.0f, 500.0f}, // a gain: eat more
+        {{2026, 3, 16}, 150.0f, 140.0f, -500.0f},
+        {{2026, 1, 5}, 150.0f, 140.0f, 0.0f}}; // nothing computed
+    for (const auto& [end, from, to, dailyChange] : cases) {
         analysis::DietGoals goals;
         goals.dailyChange = 123.0f;
-        analysis::acceptDiet(goals, {{2026, 1, 5}, c.end, c.from, c.to, false});
-        EXPECT_EQ(goals.dailyChange, c.dailyChange) << c.from << " to " << c.to;
-        EXPECT_EQ(goals.plan.endWeight, c.to);
+        analysis::acceptDiet(goals, {{2026, 1, 5}, end, from, to, false});
+        EXPECT_EQ(goals.dailyChange, dailyChange) << from << " to " << to;
+        EXPECT_EQ(goals.plan.endWeight, to);
     }
 }

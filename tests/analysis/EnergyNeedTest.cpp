@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "analysis/logic/EnergyNeed.h"
 #include "model/FoodDatabase.h"
 
@@ -11,14 +13,7 @@ using analysis::Male;
 
 TEST(EnergyNeed, LifeStageGroupBounds)
 {
-    struct Case
-    {
-        float age;
-        std::uint8_t gender;
-        std::uint8_t variable;
-        int group;
-    };
-    const Case cases[] = {
+    const std::tuple<float, std::uint8_t, std::uint8_t, int> cases[] = {
         {0.5f, Male, 0, 0},
         {0.6f, Female, 0, 1},
         {3.0f, Male, 0, 2},
@@ -51,21 +46,16 @@ TEST(EnergyNeed, LifeStageGroupBounds)
         {45.0f, Female, 3, 13},
         // A man's life-stage variable plays no part.
         {25.0f, Male, 4, 6}};
-    for (const Case& c : cases)
-        EXPECT_EQ(analysis::lifeStageGroup(c.age, c.gender, c.variable), c.group)
-            << "age " << c.age << " gender " << int(c.gender) << " variable " << int(c.variable);
+    for (const auto& [age, gender, variable, group] : cases)
+        EXPECT_EQ(analysis::lifeStageGroup(age, gender, variable), group)
+            << "age " << age << " gender " << int(gender) << " variable " << int(variable);
 }
 
 TEST(EnergyNeed, ChildrenTablesAndAdultFormulas)
 {
-    struct Case
-    {
-        const char* what;
-        analysis::Profile profile;
-        const char* kcal; // "%.1f"
-    };
     using P = analysis::Profile;
-    const Case cases[] = {
+    const std::tuple<const char*, P, const char*> cases[] = {
+        // kcal as "%.1f"
         {"man of 30, 70 kg, 175 cm, sedentary", P{30.0f, Male, 0, 0, 70.0f, 175, true}, "2434.1"},
         {"man of 40, 154 lb, 69 in, physical labour", P{40.0f, Male, 0, 1, 154.0f, 69, false},
          "2566.7"},
@@ -81,6 +71,6 @@ TEST(EnergyNeed, ChildrenTablesAndAdultFormulas)
          "452.0"},
         {"girl above 18, not pregnant: nothing", P{18.5f, Female, 0, 0, 55.0f, 160, true}, "0.0"},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(model::formatText("%.1f", analysis::energyNeed(c.profile)), c.kcal) << c.what;
+    for (const auto& [what, profile, kcal] : cases)
+        EXPECT_EQ(model::formatText("%.1f", analysis::energyNeed(profile)), kcal) << what;
 }

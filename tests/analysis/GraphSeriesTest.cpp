@@ -24,21 +24,16 @@ model::TimeT at(CalendarDate d, int hour = 0, int minute = 0)
     return d.toTime() + hour * 3600 + minute * 60;
 }
 
-std::vector<model::TimeT> datesOf(const std::optional<Series>& s)
+// A curve as "label: M/D=value ...", or "none".
+std::string shown(const std::optional<Series>& s)
 {
-    std::vector<model::TimeT> out;
-    if (s)
-        for (const auto& p : s->points)
-            out.push_back(p.date);
-    return out;
-}
-
-std::vector<double> valuesOf(const std::optional<Series>& s)
-{
-    std::vector<double> out;
-    if (s)
-        for (const auto& p : s->points)
-            out.push_back(p.value);
+    if (!s)
+        return "none";
+    std::string out = s->label + ":";
+    for (const auto& p : s->points) {
+        const CalendarDate d = CalendarDate::fromTime(p.date);
+        out += model::formatText(" %d/%d=%g", d.month, d.day, p.value);
+    }
     return out;
 }
 
@@ -137,13 +132,8 @@ TEST(GraphSeries, BaseCurveRunsFromFromToTheDayBeforeTo)
 TEST(GraphSeries, NutrientCurveTakesDaysWithMealsInDateOrder)
 {
     GraphData data;
-    const auto energy = analysis::nutrientCurve(data.store, From, To, 208);
-    ASSERT_TRUE(energy);
-    EXPECT_EQ(energy->label, "Energy");
-    EXPECT_EQ(datesOf(energy), (std::vector<model::TimeT>{CalendarDate{2026, 3, 10}.toTime(),
-                                                          CalendarDate{2026, 3, 12}.toTime(),
-                                                          CalendarDate{2026, 3, 14}.toTime()}));
-    EXPECT_EQ(valuesOf(energy), (std::vector<double>{200.0, 400.0, 100.0}));
+    EXPECT_EQ(shown(analysis::nutrientCurve(data.store, From, To, 208)),
+              "Energy: 3/10=200 3/12=400 3/14=100");
     // Only the 11th in range, which has no meal.
     EXPECT_FALSE(analysis::nutrientCurve(data.store, {2026, 3, 11}, {2026, 3, 11}, 208));
     EXPECT_FALSE(analysis::nutrientCurve(data.store, To, From, 208));
@@ -153,31 +143,21 @@ TEST(GraphSeries, HealthItemsReadTheFieldOfTheirOwnName)
 {
     GraphData data;
     const auto& days = data.store.journal.days;
-    struct Case
-    {
-        HealthItem item;
-        double on12th;
+    // The 11th and the 12th hold health values; the 14th's entry is empty. The 11th has no wake
+    // time.
+    const std::pair<HealthItem, const char*> cases[] = {
+        {HealthItem::Weight, "Weight: 3/11=182 3/12=181.5"},
+        {HealthItem::BodyFat, "Body Fat %: 3/11=0 3/12=21"},
+        {HealthItem::Vo2Max, "V02 Max: 3/11=0 3/12=44"},
+        {HealthItem::Temperature, "Temperature: 3/11=0 3/12=98.2"},
+        {HealthItem::LeftBicep, "Left Bicep: 3/11=0 3/12=14.5"},
+        {HealthItem::RightBicep, "Right Bicep: 3/11=0 3/12=15"},
+        {HealthItem::LeftCalf, "Left Calf: 3/11=0 3/12=15.5"},
+        {HealthItem::RightCalf, "Right Calf: 3/11=0 3/12=16"},
+        {HealthItem::WakeTime, "Wake Time: 3/12=27000"}, // 7:30 as seconds after midnight
     };
-    const Case cases[] = {
-        {HealthItem::Weight, 181.5},     {HealthItem::BodyFat, 21.0},
-        {HealthItem::Vo2Max, 44.0},      {HealthItem::Temperature, 98.2f},
-        {HealthItem::LeftBicep, 14.5},   {HealthItem::RightBicep, 15.0},
-        {HealthItem::LeftCalf, 15.5},    {HealthItem::RightCalf, 16.0},
-        {HealthItem::WakeTime, 27000.0}, // 7:30 as seconds after midnight
-    };
-    for (const Case& c : cases) {
-        const auto s = analysis::healthCurve(days, From, To, c.item, false);
-        const std::string name = analysis::HealthItemNames[static_cast<std::size_t>(c.item)];
-        ASSERT_TRUE(s) << name;
-        EXPECT_EQ(s->label, name);
-        // The 11th and the 12th hold health values; the 14th's entry is empty. The 11th has no
-        // wake time, so the wake time curve has the 12th alone.
-        const std::vector<double> expected =
-            c.item == HealthItem::WakeTime ? std::vector<double>{c.on12th}
-            : c.item == HealthItem::Weight ? std::vector<double>{182.0, c.on12th}
-                                           : std::vector<double>{0.0, c.on12th};
-        EXPECT_EQ(valuesOf(s), expected) << name;
-    }
+    for (const auto& [item, expected] : cases)
+        EXPECT_EQ(shown(analysis::healthCurve(days, From, To, item, false)), expected);
     const auto imperial = analysis::healthCurve(days, From, To, HealthItem::WakeTime, false);
     const auto metric = analysis::healthCurve(days, From, To, HealthItem::WakeTime, true);
     EXPECT_EQ(imperial->axis, analysis::AxisKind::Time);
@@ -191,10 +171,8 @@ TEST(GraphSeries, HealthItemsReadTheFieldOfTheirOwnName)
     model::UserVariable vitamin;
     vitamin.id = 5;
     vitamin.name = "Vitamin c";
-    const auto v = analysis::variableCurve(days, From, To, vitamin);
-    ASSERT_TRUE(v);
-    EXPECT_EQ(v->label, "Vitamin c");
-    EXPECT_EQ(valuesOf(v), (std::vector<double>{0.0, 3.5}));
+    EXPECT_EQ(shown(analysis::variableCurve(days, From, To, vitamin)),
+              "Vitamin c: 3/11=0 3/12=3.5");
 }
 
 TEST(GraphSeries, FitnessCurveTakesEachDaysGreatestReadableValue)
@@ -206,16 +184,12 @@ TEST(GraphSeries, FitnessCurveTakesEachDaysGreatestReadableValue)
     const model::ExerciseField time{2, "Time", 2};
 
     const auto lapCurve = analysis::fitnessCurve(days, From, {2026, 3, 31}, running, laps);
-    ASSERT_TRUE(lapCurve);
-    EXPECT_EQ(lapCurve->label, "Running - Laps");
+    EXPECT_EQ(shown(lapCurve), "Running - Laps: 3/11=12 3/20=8");
     EXPECT_EQ(lapCurve->axis, analysis::AxisKind::Number);
-    EXPECT_EQ(valuesOf(lapCurve), (std::vector<double>{12.0, 8.0}));
-
     const auto timeCurve = analysis::fitnessCurve(days, From, {2026, 3, 31}, running, time);
-    ASSERT_TRUE(timeCurve);
+    EXPECT_EQ(shown(timeCurve), "Running - Time: 3/11=1865 3/20=1780");
     EXPECT_EQ(timeCurve->axis, analysis::AxisKind::Time);
     EXPECT_STREQ(timeCurve->axisFormat, "%H:%M:%S ");
-    EXPECT_EQ(valuesOf(timeCurve), (std::vector<double>{1865.0, 1780.0}));
 
     EXPECT_FALSE(analysis::fitnessCurve(days, {2026, 3, 12}, {2026, 3, 14}, running, laps));
 
@@ -249,7 +223,7 @@ TEST(GraphSeries, DietPlanGraphNeedsAPlanAndAValidRange)
     EXPECT_EQ(g.from, (CalendarDate{2026, 3, 11}));
     EXPECT_EQ(g.to, (CalendarDate{2026, 3, 21}));
     EXPECT_EQ(g.base->points.size(), 10u);
-    EXPECT_EQ(valuesOf(g.weight), (std::vector<double>{182.0, 181.5, 179.0}));
+    EXPECT_EQ(shown(g.weight).substr(g.weight->label.size()), ": 3/11=182 3/12=181.5 3/20=179");
     EXPECT_EQ(g.plan.label, "Plan");
     EXPECT_FALSE(g.plan.ownAxisShown);
     EXPECT_EQ(g.plan.points,
@@ -277,16 +251,10 @@ TEST(GraphSeries, TrendSmoothsOverTheDaysBetweenPoints)
     weight.points = {{day(0), 180.0}, {day(1), 170.0}, {day(3), 170.0}, {day(3), 190.0}};
     const std::optional<Series> trend = analysis::trendCurve(weight);
     ASSERT_TRUE(trend);
-    EXPECT_EQ(trend->label, "Weight trend");
     EXPECT_FALSE(trend->ownAxisShown); // on the weight's scale
-    EXPECT_EQ(datesOf(trend), datesOf(weight));
     // 180; 180 + 0.1 (170 - 180) = 179; two days: 179 + 0.19 (170 - 179) = 177.29; the same
     // day again moves nothing.
-    const std::vector<double> values = valuesOf(trend);
-    ASSERT_EQ(values.size(), 4u);
-    const double expected[] = {180.0, 179.0, 177.29, 177.29};
-    for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_NEAR(values[i], expected[i], 1e-9) << i;
+    EXPECT_EQ(shown(trend), "Weight trend: 3/1=180 3/2=179 3/4=177.29 3/4=177.29");
 
     // A steady line is followed with the smoothing's delay, settling at 9 days' change behind.
     Series line;

@@ -188,31 +188,3 @@ TEST(StoreCustomFood, GridTextsRoundTripAndDeleteByExactName)
     food::storeCustomFood(store, "Stew", 1.0f, {});
     EXPECT_EQ(store.shared.customFoods.back().number, 70002);
 }
-
-TEST(SaveMealAsCustomFood, RealDatabaseFoodOf150Grams)
-{
-    auto loaded = model::FoodDatabase::load(VELMORA_FOODS_DB);
-    if (!loaded)
-        GTEST_SKIP() << "foods.db has not been built";
-    model::Store store;
-    store.foods = std::move(loaded.value());
-    store.foods.catalogue().appendComputed();
-    const model::FoodItem* egg = nullptr;
-    for (const model::FoodItem& f : store.foods.foods())
-        if (f.name.rfind("Egg, whole, raw", 0) == 0) {
-            egg = &f;
-            break;
-        }
-    ASSERT_NE(egg, nullptr);
-
-    ASSERT_EQ(food::saveMealAsCustomFood(store, mealOf({{egg->number, 1.5f}}), " egg bake "), 0);
-    const model::FoodItem& custom = store.shared.customFoods[0];
-    EXPECT_EQ(custom.name, "Egg bake");
-    EXPECT_FLOAT_EQ(custom.servingWeight, 150.0f);
-    const int count = food::storedNutrientCount(store);
-    EXPECT_GT(count, 40);
-    EXPECT_LE(count, model::StoredNutrientCount);
-    for (int i = 0; i < count; ++i)
-        EXPECT_NEAR(custom.valueAt(i), 1.5 * egg->valueAt(i), 1e-3 * (1.0 + egg->valueAt(i)))
-            << store.foods.catalogue().entries()[static_cast<std::size_t>(i)].name;
-}

@@ -67,32 +67,46 @@ model::Store journalStore()
     return store;
 }
 
-std::vector<std::string> labels(const std::vector<food::JournalRow>& rows)
+// Each row as "label: value value ...".
+std::vector<std::string> shown(const std::vector<food::JournalRow>& rows)
 {
     std::vector<std::string> out;
-    for (const auto& r : rows)
-        out.push_back(r.label);
+    for (const auto& r : rows) {
+        out.push_back(r.label + ":");
+        for (double v : r.values)
+            out.back() += model::formatText(" %g", v);
+    }
     return out;
 }
 
 } // namespace
 
-TEST(JournalRows, DaysNewestFirstMealsInMealOrderUnknownFoodsLeftOut)
+// Days newest first, meals in meal order, unknown foods left out; the values follow the column
+// slots up to the first empty one (energy, protein, amount in g) and add up per meal and day.
+TEST(JournalRows, RowsAndTheirValues)
 {
     const model::Store store = journalStore();
     const auto rows = food::buildJournalRows(store, Now);
-
-    const std::string bread1 = model::servingText(*store.foods.findDatabaseFood(1002), 0.25f);
-    const std::string bread2 = model::servingText(*store.foods.findDatabaseFood(1002), 0.5f);
-    const std::string egg = model::servingText(*store.foods.findDatabaseFood(1001), 1.0f);
-    const std::vector<std::string> expected{
-        model::longDateText(Day2), "Breakfast", egg + " - Egg, whole",
-        bread1 + " - Bread",       "Dinner",    "2.00 x Shake",
-        model::longDateText(Day1), "Lunch",     bread2 + " - Bread",
+    const auto serving = [&](std::int32_t food, float amount) {
+        return model::servingText(*store.foods.findDatabaseFood(food), amount);
     };
-    EXPECT_EQ(labels(rows), expected);
-
+    // Breakfast: egg 100 g (143 kcal, 12.6 g) + bread 25 g (66.25 kcal, 2.25 g); dinner: two
+    // servings of the shake, 300 g each; lunch: bread 50 g.
+    const std::vector<std::string> expected{
+        model::longDateText(Day2) + ": 609.25 74.85 725",
+        "Breakfast: 209.25 14.85 125",
+        serving(1001, 1.0f) + " - Egg, whole: 143 12.6 100",
+        serving(1002, 0.25f) + " - Bread: 66.25 2.25 25",
+        "Dinner: 400 60 600",
+        "2.00 x Shake: 400 60 600",
+        model::longDateText(Day1) + ": 132.5 4.5 50",
+        "Lunch: 132.5 4.5 50",
+        serving(1002, 0.5f) + " - Bread: 132.5 4.5 50",
+    };
+    EXPECT_EQ(shown(rows), expected);
     ASSERT_EQ(rows.size(), expected.size());
+    EXPECT_EQ(food::columnValueText(rows[0].values[0]), "609.2");
+
     EXPECT_EQ(rows[0].level, RowLevel::Day);
     EXPECT_EQ(rows[1].level, RowLevel::Meal);
     EXPECT_EQ(rows[2].level, RowLevel::Food);
@@ -102,31 +116,6 @@ TEST(JournalRows, DaysNewestFirstMealsInMealOrderUnknownFoodsLeftOut)
     EXPECT_EQ(rows[3].ref, (JournalRowRef{1, 2, 2}));
     EXPECT_EQ(rows[5].ref, (JournalRowRef{1, 0, 0}));
     EXPECT_EQ(rows[8].ref, (JournalRowRef{0, 0, 0}));
-}
-
-TEST(JournalRows, ValuesFollowTheColumnPrefixAndAddUpPerMealAndDay)
-{
-    const model::Store store = journalStore();
-    const auto rows = food::buildJournalRows(store, Now);
-    ASSERT_EQ(rows.size(), 9u);
-    // Columns: energy, protein, amount (g); the slot after the first -1 is not shown.
-    for (const auto& r : rows)
-        ASSERT_EQ(r.values.size(), 3u) << r.label;
-
-    // Breakfast: egg 100 g (143 kcal, 12.6 g) + bread 25 g (66.25 kcal, 2.25 g).
-    EXPECT_NEAR(rows[2].values[0], 143.0, 1e-3);
-    EXPECT_NEAR(rows[3].values[0], 66.25, 1e-3);
-    EXPECT_NEAR(rows[1].values[0], 209.25, 1e-3);
-    EXPECT_NEAR(rows[1].values[1], 14.85, 1e-3);
-    EXPECT_NEAR(rows[1].values[2], 125.0, 1e-3);
-    // Dinner: two servings of the shake, 300 g each.
-    EXPECT_NEAR(rows[4].values[0], 400.0, 1e-3);
-    EXPECT_NEAR(rows[4].values[2], 600.0, 1e-3);
-    // The day: breakfast + dinner; the unknown food adds nothing.
-    EXPECT_NEAR(rows[0].values[0], 609.25, 1e-3);
-    EXPECT_NEAR(rows[0].values[1], 74.85, 1e-3);
-    EXPECT_NEAR(rows[0].values[2], 725.0, 1e-3);
-    EXPECT_EQ(food::columnValueText(rows[0].values[0]), "609.2");
 }
 
 TEST(JournalRows, TheDaysSettingLimitsTheListByAgeInWholeDays)

@@ -3,11 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <vector>
 
 #include "food/logic/ProteinQuality.h"
-#include "model/FoodDatabase.h"
 #include "model/Nutrition.h"
 #include "support/Builders.h"
 
@@ -110,32 +108,6 @@ TEST(FoodDetails, EveryCatalogueNutrientInOrderWithCompleteProteinForTheScore)
     EXPECT_EQ(rows[14].value, "5.0");      // 0.5 x 10 g
     EXPECT_EQ(rows[17].name, "% Protein"); // computed entries follow, each its own value
     EXPECT_EQ(rows[17].value, "33.3");     // 10 x 4 / 120 x 100
-}
-
-TEST(ProteinQuality, RealFoodsFromTheDatabase)
-{
-    if (!std::filesystem::exists(VELMORA_FOODS_DB))
-        GTEST_SKIP() << "foods.db has not been built";
-    auto loaded = model::FoodDatabase::load(VELMORA_FOODS_DB);
-    ASSERT_TRUE(loaded.ok());
-    model::FoodDatabase& db = loaded.value();
-    db.catalogue().appendComputed();
-    const model::FoodItem* egg = db.findDatabaseFood(1123);
-    ASSERT_NE(egg, nullptr);
-    const auto c = food::compareProtein(db.catalogue(), *egg);
-    ASSERT_TRUE(c.shown);
-    EXPECT_EQ(food::completenessSentence(c.completeness),
-              "This foods protein is 100.0 % complete.");
-    for (std::size_t i = 0; i < c.food.size(); ++i)
-        EXPECT_GE(c.food[i], c.ideal[i]) << model::IdealProtein[i].label;
-    int shown = 0;
-    for (const model::FoodItem& f : db.foods()) {
-        const auto r = food::compareProtein(db.catalogue(), f);
-        EXPECT_GE(r.completeness, 0.0) << f.number;
-        EXPECT_LE(r.completeness, 1.0) << f.number;
-        shown += r.shown;
-    }
-    EXPECT_GT(shown, 1000);
 }
 
 } // namespace

@@ -3,9 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "food/logic/FoodSearch.h"
@@ -63,24 +62,25 @@ std::vector<std::int32_t> search(const model::Store& s, const std::string& text,
 
 using Numbers = std::vector<std::int32_t>;
 
-TEST(FoodSearch, TrimmedUpperCasedSubstringCustomFoodsFirst)
+// Trimmed, upper-cased substrings; custom foods first and whatever the group; blank text lists
+// everything of the group.
+TEST(FoodSearch, SubstringOfTheNameWithinTheGroup)
 {
     const model::Store s = smallStore();
-    EXPECT_EQ(search(s, "  egg ", food::AllGroupsValue), (Numbers{70001, 1123}));
-    EXPECT_EQ(search(s, "APPLE", food::AllGroupsValue), (Numbers{70000, 9003}));
-    EXPECT_EQ(search(s, "raw", food::AllGroupsValue), (Numbers{1123, 9003, 9040}));
-    EXPECT_EQ(search(s, "r, w", food::AllGroupsValue), (Numbers{}));
-    EXPECT_EQ(search(s, "kiwi", food::AllGroupsValue), (Numbers{}));
+    const std::tuple<const char*, std::int32_t, Numbers> cases[] = {
+        {"  egg ", food::AllGroupsValue, {70001, 1123}},
+        {"APPLE", food::AllGroupsValue, {70000, 9003}},
+        {"raw", food::AllGroupsValue, {1123, 9003, 9040}},
+        {"r, w", food::AllGroupsValue, {}},
+        {"kiwi", food::AllGroupsValue, {}},
+        {"", food::AllGroupsValue, {70000, 70001, 1123, 1077, 9003, 9040}},
+        {"   ", Fruit, {70000, 70001, 9003, 9040}},
+        {"egg", Fruit, {70001}},
+        {"raw", Dairy, {1123}},
+    };
+    for (const auto& [text, group, expected] : cases)
+        EXPECT_EQ(search(s, text, group), expected) << text << " in " << group;
     EXPECT_EQ(food::searchKey("\t apple pie  "), "APPLE PIE");
-}
-
-TEST(FoodSearch, BlankTextListsEverythingOfTheGroupCustomFoodsIgnoreTheGroup)
-{
-    const model::Store s = smallStore();
-    EXPECT_EQ(search(s, "", food::AllGroupsValue), (Numbers{70000, 70001, 1123, 1077, 9003, 9040}));
-    EXPECT_EQ(search(s, "   ", Fruit), (Numbers{70000, 70001, 9003, 9040}));
-    EXPECT_EQ(search(s, "egg", Fruit), (Numbers{70001}));
-    EXPECT_EQ(search(s, "raw", Dairy), (Numbers{1123}));
 }
 
 TEST(FoodSearch, GroupPickerStartsWithAllGroupsAndSkipsTheReleaseMarker)
@@ -281,49 +281,6 @@ TEST(MealCopy, CopiedFoodsSumIntoTheCurrentMeal)
     EXPECT_EQ(food::copyMealEntries(to, to), 3);
     EXPECT_FLOAT_EQ(to.entries[1].amount, 4.0f);
     EXPECT_EQ(to.entries.size(), 3u);
-}
-
-// The real food database, when it has been built.
-class RealFoods : public ::testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        if (!std::filesystem::exists(VELMORA_FOODS_DB))
-            GTEST_SKIP() << "foods.db has not been built";
-        auto loaded = model::FoodDatabase::load(VELMORA_FOODS_DB);
-        ASSERT_TRUE(loaded.ok());
-        store.foods = std::move(loaded.value());
-        store.foods.catalogue().appendComputed();
-    }
-    model::Store store;
-};
-
-TEST_F(RealFoods, ServingAndMealRowTexts)
-{
-    const model::FoodItem* egg = store.findFood(1123);
-    ASSERT_NE(egg, nullptr);
-    EXPECT_EQ(food::mealRowText(*egg, 1.0f), "2 x large - Egg, whole, raw, fresh");
-    model::Meal meal;
-    // "large" weighs 50 g: Add with that measure and an amount of 3 adds 1.5 units of 100 g.
-    int large = -1;
-    for (std::size_t i = 0; i < egg->measures.size(); ++i)
-        if (egg->measures[i].description == "large")
-            large = static_cast<int>(i);
-    ASSERT_GE(large, 0);
-    EXPECT_DOUBLE_EQ(food::measureFactor(*egg, large), 0.5);
-    food::addToMeal(meal, 1123, static_cast<float>(3 * food::measureFactor(*egg, large)));
-    EXPECT_EQ(food::mealRows(store, meal).at(0).text, "3 x large - Egg, whole, raw, fresh");
-}
-
-TEST_F(RealFoods, SearchingTheWholeDatabase)
-{
-    const auto eggs = search(store, " egg, whole ", food::AllGroupsValue);
-    EXPECT_NE(std::find(eggs.begin(), eggs.end(), 1123), eggs.end());
-    for (std::int32_t n : eggs)
-        EXPECT_NE(food::searchKey(store.findFood(n)->name).find("EGG, WHOLE"), std::string::npos);
-    const auto everything = search(store, "", food::AllGroupsValue);
-    EXPECT_EQ(everything.size(), store.foods.foods().size());
 }
 
 } // namespace
