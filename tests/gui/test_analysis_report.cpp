@@ -65,53 +65,51 @@ class AnalysisReportTest : public QObject
     Q_OBJECT
 
 private slots:
-    void pagesHoldEveryRow();
-    void pdfIsWrittenWhole();
-};
+    void pagesHoldEveryRow()
+    {
+        // Rows per page on A4 with 18 mm margins, from one page of a short list: the capacity grows
+        // with the rows until a second page is needed.
+        int previous = 0;
+        int firstTwoPages = -1;
+        for (int rows : {0, 1, 20, 40, 60, 120, 400}) {
+            QByteArray pdf;
+            const int pages = paintedPages(reportOf(rows), 18.0, &pdf);
+            QCOMPARE(pdfPageCount(pdf), pages);
+            QVERIFY2(pages >= previous, qPrintable(QString::number(rows)));
+            previous = pages;
+            if (pages >= 2 && firstTwoPages < 0)
+                firstTwoPages = rows;
+            // A page holds at least 20 and at most 80 rows of 10 point type on A4.
+            QVERIFY2(pages >= std::max(1, (rows + 79) / 80), qPrintable(QString::number(rows)));
+            QVERIFY2(pages <= std::max(1, (rows + 19) / 20), qPrintable(QString::number(rows)));
+        }
+        QVERIFY(firstTwoPages > 20);
 
-void AnalysisReportTest::pagesHoldEveryRow()
-{
-    // Rows per page on A4 with 18 mm margins, from one page of a short list: the capacity grows
-    // with the rows until a second page is needed.
-    int previous = 0;
-    int firstTwoPages = -1;
-    for (int rows : {0, 1, 20, 40, 60, 120, 400}) {
-        QByteArray pdf;
-        const int pages = paintedPages(reportOf(rows), 18.0, &pdf);
-        QCOMPARE(pdfPageCount(pdf), pages);
-        QVERIFY2(pages >= previous, qPrintable(QString::number(rows)));
-        previous = pages;
-        if (pages >= 2 && firstTwoPages < 0)
-            firstTwoPages = rows;
-        // A page holds at least 20 and at most 80 rows of 10 point type on A4.
-        QVERIFY2(pages >= std::max(1, (rows + 79) / 80), qPrintable(QString::number(rows)));
-        QVERIFY2(pages <= std::max(1, (rows + 19) / 20), qPrintable(QString::number(rows)));
+        // Wider margins leave less room: never fewer pages.
+        QByteArray narrow, wide;
+        QVERIFY(paintedPages(reportOf(400), 40.0, &wide) >
+                paintedPages(reportOf(400), 10.0, &narrow));
     }
-    QVERIFY(firstTwoPages > 20);
 
-    // Wider margins leave less room: never fewer pages.
-    QByteArray narrow, wide;
-    QVERIFY(paintedPages(reportOf(400), 40.0, &wide) > paintedPages(reportOf(400), 10.0, &narrow));
-}
+    void pdfIsWrittenWhole()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("report.pdf"));
+        QString error;
+        QVERIFY2(analysis::writeAnalysisPdf(path, reportOf(150), &error), qPrintable(error));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray pdf = file.readAll();
+        QVERIFY(pdf.startsWith("%PDF-"));
+        QVERIFY(pdfPageCount(pdf) >= 3);
 
-void AnalysisReportTest::pdfIsWrittenWhole()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("report.pdf"));
-    QString error;
-    QVERIFY2(analysis::writeAnalysisPdf(path, reportOf(150), &error), qPrintable(error));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray pdf = file.readAll();
-    QVERIFY(pdf.startsWith("%PDF-"));
-    QVERIFY(pdfPageCount(pdf) >= 3);
-
-    // A folder that does not exist: refused, nothing written.
-    const QString missing = dir.filePath(QStringLiteral("no/such/report.pdf"));
-    QVERIFY(!analysis::writeAnalysisPdf(missing, reportOf(3), &error));
-    QVERIFY(!error.isEmpty());
-    QVERIFY(!QFile::exists(missing));
-}
+        // A folder that does not exist: refused, nothing written.
+        const QString missing = dir.filePath(QStringLiteral("no/such/report.pdf"));
+        QVERIFY(!analysis::writeAnalysisPdf(missing, reportOf(3), &error));
+        QVERIFY(!error.isEmpty());
+        QVERIFY(!QFile::exists(missing));
+    }
+};
 
 QTEST_MAIN(AnalysisReportTest)
 #include "test_analysis_report.moc"

@@ -133,14 +133,23 @@ private slots:
 
     void init() { test::resetSettings(); }
 
-    void aDamagedFileIsReportedAndItsBackupRestored()
+    void aDamagedFileIsReportedWithItsBackupOffered_data()
     {
+        QTest::addColumn<bool>("restore");
+        QTest::newRow("Yes restores the backup") << true;
+        QTest::newRow("No keeps what was read whole") << false;
+    }
+
+    void aDamagedFileIsReportedWithItsBackupOffered()
+    {
+        QFETCH(bool, restore);
         QTemporaryDir dir;
         const auto [good, damaged] = damagedWithBackup(dir);
 
         test::ModalScript script;
-        script.expect(QStringLiteral("Velmora"),
-                      [](QWidget* w) { test::click(w, QStringLiteral("Yes")); });
+        script.expect(QStringLiteral("Velmora"), [restore](QWidget* w) {
+            test::click(w, restore ? QStringLiteral("Yes") : QStringLiteral("No"));
+        });
         app::Application app(test::appOptions(dir.path(), true));
         QVERIFY(app.start());
         QVERIFY(script.finished());
@@ -148,25 +157,14 @@ private slots:
         const QString text = script.messages().value(0);
         QVERIFY(text.contains(QStringLiteral("velmora.db is damaged at byte")));
         QVERIFY(text.contains(QStringLiteral("Restore it now?")));
-
-        QCOMPARE(app.store().shared.variables.size(), std::size_t{1});
-        QCOMPARE(test::readBytes(fileIn(dir, QStringLiteral("velmora.db"))), good);
         const QStringList copies = damagedCopies(dir);
         QCOMPARE(copies.size(), 1);
         QCOMPARE(test::readBytes(fileIn(dir, copies.first())), damaged);
-    }
-
-    void decliningTheBackupKeepsWhatWasReadWhole()
-    {
-        QTemporaryDir dir;
-        const auto [good, damaged] = damagedWithBackup(dir);
-
-        test::ModalScript script;
-        script.expect(QStringLiteral("Velmora"),
-                      [](QWidget* w) { test::click(w, QStringLiteral("No")); });
-        app::Application app(test::appOptions(dir.path(), true));
-        QVERIFY(app.start());
-        QVERIFY(script.finished());
+        if (restore) {
+            QCOMPARE(app.store().shared.variables.size(), std::size_t{1});
+            QCOMPARE(test::readBytes(fileIn(dir, QStringLiteral("velmora.db"))), good);
+            return;
+        }
         QCOMPARE(app.store().shared.userNames, (std::vector<std::string>{"Anna", "Bert"}));
         QVERIFY(app.store().shared.variables.empty()); // the cut list is not half-applied
         // The recovered data is written back soon, next to the kept damaged copy.

@@ -323,18 +323,6 @@ private slots:
         QVERIFY(!app.store().shared.exercises.empty());
     }
 
-    void shutDownSavesBothFiles()
-    {
-        QTemporaryDir dir;
-        test::writeSmallFoods(dir.path());
-        app::Application app(test::appOptions(dir.path(), false));
-        QVERIFY(app.start());
-        app.store().journal.days.push_back(dayNumber(7));
-        app.window()->close();
-        QCOMPARE(readShared(dir).userNames, std::vector<std::string>{"Example User"});
-        QCOMPARE(daysInFile(fileIn(dir, QStringLiteral("Example User.db"))), std::size_t{1});
-    }
-
     void withoutTheFoodDatabaseTheUserIsToldAndNothingIsSaved()
     {
         QTemporaryDir dir;
@@ -354,29 +342,6 @@ private slots:
         app.window()->close();
         QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("velmora.db"))));
         QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("Example User.db"))));
-    }
-
-    void aFailedSaveShowsTheSystemsErrorText()
-    {
-        QTemporaryDir dir;
-        test::writeSmallFoods(dir.path());
-        app::Application app(test::appOptions(dir.path(), false));
-        QVERIFY(app.start());
-        // A folder in the way of "velmora.db" makes the rename fail.
-        QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("velmora.db")));
-        QFile blocker(fileIn(dir, QStringLiteral("velmora.db/keep")));
-        QVERIFY(blocker.open(QIODevice::WriteOnly));
-        blocker.close();
-        ModalScript script;
-        script.expect(QStringLiteral("Velmora"),
-                      [](QWidget* w) { click(w, QStringLiteral("OK")); });
-        QVERIFY(!app.window()->session().save());
-        QTRY_VERIFY(script.finished());
-        QCOMPARE(script.messages().size(), 1);
-        QVERIFY(script.messages().first().startsWith(
-            QStringLiteral("Could not save \"velmora.db\".\n\n")));
-        QVERIFY(script.messages().first().size() >
-                QStringLiteral("Could not save \"velmora.db\".\n\n").size());
     }
 
 private:

@@ -34,6 +34,7 @@
 #include "test_app_support.h"
 
 using namespace velmora;
+using test::retype;
 namespace fs = std::filesystem;
 
 namespace {
@@ -78,14 +79,6 @@ model::CalendarDate dateOf(const model::Store& store, std::size_t day)
 QString isoText(const model::CalendarDate& d)
 {
     return QDate(d.year, d.month, d.day).toString(Qt::ISODate);
-}
-
-// Types into a line edit as a user does: select what it holds, then the new text.
-void retype(QLineEdit* edit, const QString& text)
-{
-    edit->setFocus();
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(edit, text);
 }
 
 // Types a date into a date picker in its own display format.
@@ -138,34 +131,6 @@ std::string weighIns(const model::Store& store, const model::CalendarDate& newDa
     return text.toStdString();
 }
 
-} // namespace
-
-class ExportDialogsTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void init() { test::resetSettings(); }
-    void exportWritesWhatWasChosen_data();
-    void exportWritesWhatWasChosen();
-    void stopLeavesTheFolderAsItWas();
-    void importPreviewsAndChangesOnlyWhenConfirmed_data();
-    void importPreviewsAndChangesOnlyWhenConfirmed();
-    void importUnitsAndUnreadableFiles_data();
-    void importUnitsAndUnreadableFiles();
-    void importFromTheFileMenuShowsOnTheHealthPage();
-
-private:
-    QTemporaryDir m_settings;
-};
-
-void ExportDialogsTest::initTestCase()
-{
-    QVERIFY(m_settings.isValid());
-    test::usePrivateSettings(m_settings.path());
-}
-
 enum class Earlier
 {
     None,    // the folder does not exist yet
@@ -174,141 +139,6 @@ enum class Earlier
     Blocked  // the folder's path runs through a file, so it cannot be made
 };
 
-void ExportDialogsTest::exportWritesWhatWasChosen_data()
-{
-    QTest::addColumn<bool>("someDays"); // from the third day to the sixth, typed
-    QTest::addColumn<bool>("json");
-    QTest::addColumn<Earlier>("earlier");
-    QTest::addColumn<bool>("written");
-
-    QTest::newRow("whole journal as CSV") << false << false << Earlier::None << true;
-    QTest::newRow("typed days as JSON") << true << true << Earlier::None << true;
-    QTest::newRow("typed days as CSV") << true << false << Earlier::None << true;
-    QTest::newRow("earlier export replaced") << false << false << Earlier::Replace << true;
-    QTest::newRow("earlier export kept") << false << false << Earlier::Keep << false;
-    QTest::newRow("folder cannot be made") << false << false << Earlier::Blocked << false;
-}
-
-void ExportDialogsTest::exportWritesWhatWasChosen()
-{
-    QFETCH(bool, someDays);
-    QFETCH(bool, json);
-    QFETCH(Earlier, earlier);
-    QFETCH(bool, written);
-
-    test::TestContext context;
-    fillStore(context.m_store, 10);
-    const model::Store& store = context.m_store;
-    const std::vector<std::uint8_t> journalBefore = store.journal.serialize();
-    test::TempDir dir;
-    fs::path folder = dir / "export";
-    if (earlier == Earlier::Replace || earlier == Earlier::Keep) {
-        fs::create_directory(folder);
-        test::writeBytes(folder / exchange::ServingsFileName, {'o', 'l', 'd'});
-        test::writeBytes(folder / "mine.txt", {'m'});
-    }
-    if (earlier == Earlier::Blocked) {
-        test::writeBytes(dir / "file", {'x'});
-        folder = dir / "file" / "export";
-    }
-    const Files before = filesIn(folder);
-
-    // What the export logic writes for the same choices.
-    exchange::ExportOptions options;
-    options.csv = !json;
-    options.json = json;
-    if (someDays) {
-        options.from = dateOf(store, 2);
-        options.to = dateOf(store, 5);
-    }
-    test::TempDir reference;
-    QVERIFY(exchange::exportJournal(store, reference.path(), options).ok());
-    Files expected = before;
-    for (const auto& [name, bytes] : filesIn(reference.path()))
-        expected[name] = bytes;
-
-    exchange::ExportDialog dialog(context);
-    QSignalSpy done(&dialog, &QDialog::finished);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    auto* progress = child<QProgressBar>(dialog, "progress");
-    QSignalSpy moved(progress, &QProgressBar::valueChanged);
-
-    retype(child<QLineEdit>(dialog, "folderPath"), qPath(folder));
-    if (someDays) {
-        click(child<QRadioButton>(dialog, "someDays"));
-        typeDate(child<QDateEdit>(dialog, "fromDate"), dateOf(store, 2));
-        typeDate(child<QDateEdit>(dialog, "toDate"), dateOf(store, 5));
-    }
-    if (json)
-        click(child<QRadioButton>(dialog, "json"));
-
-    test::ModalScript script;
-    if (earlier == Earlier::Replace || earlier == Earlier::Keep) {
-        script.expect(QStringLiteral("Velmora"), [earlier](QWidget* w) {
-            test::click(w,
-                        earlier == Earlier::Replace ? QStringLiteral("Yes") : QStringLiteral("No"));
-        });
-    }
-    if (earlier != Earlier::Keep)
-        script.expect(QStringLiteral("Velmora"),
-                      [](QWidget* w) { test::click(w, QStringLiteral("OK")); });
-    click(child<QPushButton>(dialog, "export"));
-    QTRY_VERIFY(script.finished());
-    QTRY_VERIFY(!dialog.running());
-    QCOMPARE(script.unexpected(), QStringList());
-
-    const Files after = filesIn(folder);
-    QVERIFY(after == (written ? expected : before));
-    QCOMPARE(store.journal.serialize(), journalBefore);
-    if (written) {
-        QTRY_COMPARE(done.count(), 1);
-        QCOMPARE(done.front().front().toInt(), int(QDialog::Accepted));
-        // The last message names the folder and every file written.
-        const QString message = script.messages().last();
-        QVERIFY2(message.contains(qPath(folder)), qPrintable(message));
-        for (const auto& [name, bytes] : filesIn(reference.path()))
-            QVERIFY2(message.contains(QString::fromStdString(name)), qPrintable(message));
-        // The bar moved with the days and ended full.
-        QVERIFY(moved.count() > 2);
-        QCOMPARE(progress->value(), progress->maximum());
-    } else {
-        QVERIFY(dialog.isVisible());
-        QCOMPARE(done.count(), 0);
-        QCOMPARE(script.messages().size(), 1);
-    }
-}
-
-void ExportDialogsTest::stopLeavesTheFolderAsItWas()
-{
-    // Ten years take long enough that "Stop", clicked at once, comes before the end.
-    test::TestContext context;
-    fillStore(context.m_store, 3650);
-    test::TempDir dir;
-    const fs::path folder = dir / "export";
-
-    exchange::ExportDialog dialog(context);
-    QSignalSpy done(&dialog, &QDialog::finished);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    retype(child<QLineEdit>(dialog, "folderPath"), qPath(folder));
-    auto* cancel = child<QPushButton>(dialog, "cancel");
-    click(child<QPushButton>(dialog, "export"));
-    QVERIFY(dialog.running());
-    QVERIFY(!child<QPushButton>(dialog, "export")->isEnabled());
-    click(cancel);
-    QTRY_VERIFY_WITH_TIMEOUT(!dialog.running(), 20000);
-
-    QVERIFY(!fs::exists(folder));
-    QVERIFY(dialog.isVisible());
-    QCOMPARE(done.count(), 0);
-    QVERIFY(child<QPushButton>(dialog, "export")->isEnabled());
-    // Once stopped, Cancel closes.
-    click(cancel);
-    QCOMPARE(done.count(), 1);
-    QCOMPARE(done.front().front().toInt(), int(QDialog::Rejected));
-}
-
 enum class Finish
 {
     Cancel,
@@ -316,201 +146,350 @@ enum class Finish
     ReplaceAndImport
 };
 
-void ExportDialogsTest::importPreviewsAndChangesOnlyWhenConfirmed_data()
+} // namespace
+
+class ExportDialogsTest : public QObject
 {
-    QTest::addColumn<Finish>("finish");
-    QTest::newRow("Cancel changes nothing") << Finish::Cancel;
-    QTest::newRow("Import adds the new values") << Finish::Import;
-    QTest::newRow("Import replaces when asked") << Finish::ReplaceAndImport;
-}
+    Q_OBJECT
 
-void ExportDialogsTest::importPreviewsAndChangesOnlyWhenConfirmed()
-{
-    QFETCH(Finish, finish);
+private slots:
+    void initTestCase() { test::usePrivateSettings(m_settings.path()); }
+    void init() { test::resetSettings(); }
+    void exportWritesWhatWasChosen_data()
+    {
+        QTest::addColumn<bool>("someDays"); // from the third day to the sixth, typed
+        QTest::addColumn<bool>("json");
+        QTest::addColumn<Earlier>("earlier");
+        QTest::addColumn<bool>("written");
 
-    test::TestContext context;
-    fillStore(context.m_store, 3);
-    model::Store& store = context.m_store;
-    const model::CalendarDate d0 = dateOf(store, 0), d1 = dateOf(store, 1);
-    const QDate later = QDate(d0.year, d0.month, d0.day).addDays(5);
-    const model::CalendarDate newDay{later.year(), later.month(), later.day()};
-    QCOMPARE(store.journal.days[1].health.weight, 151.0f);
-    QCOMPARE(store.journal.days[0].health.bodyFat, 0.0f);
-    const std::vector<std::uint8_t> journalBefore = store.journal.serialize();
-    test::TempDir dir;
-    const std::string csv = weighIns(store, newDay);
-    test::writeBytes(dir / "scale.csv", std::vector<std::uint8_t>(csv.begin(), csv.end()));
-
-    exchange::HealthImportDialog dialog(context);
-    QSignalSpy done(&dialog, &QDialog::finished);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    auto* import = child<QPushButton>(dialog, "import");
-    auto* table = child<QTableWidget>(dialog, "changes");
-    QVERIFY(!import->isEnabled());
-
-    auto* path = child<QLineEdit>(dialog, "filePath");
-    retype(path, qPath(dir / "scale.csv"));
-    QTest::keyClick(path, Qt::Key_Return);
-    QCOMPARE(done.count(), 0); // Return previews, it does not import
-
-    // Two new values (a body fat, a day's first weight) and one replacement, by date; the weight
-    // the journal already holds is not listed.
-    QCOMPARE(table->rowCount(), 3);
-    QCOMPARE(table->item(0, 1)->text(), QStringLiteral("Body fat"));
-    QCOMPARE(table->item(0, 2)->text(), QString()); // no old value
-    QCOMPARE(table->item(0, 3)->text(), QStringLiteral("20 %"));
-    QCOMPARE(table->item(1, 1)->text(), QStringLiteral("Weight"));
-    QCOMPARE(table->item(1, 2)->text(), QStringLiteral("151 lb"));
-    QCOMPARE(table->item(1, 3)->text(), QStringLiteral("155 lb"));
-    QCOMPARE(table->item(2, 2)->text(), QString());
-    QCOMPARE(table->item(2, 3)->text(), QStringLiteral("149.5 lb"));
-    const QString newMark = table->item(0, 4)->text();
-    QCOMPARE(table->item(2, 4)->text(), newMark);
-    const QString keptMark = table->item(1, 4)->text();
-    QVERIFY(keptMark != newMark);
-    QVERIFY(table->item(1, 0)->background() != table->item(0, 0)->background());
-
-    auto* problems = child<QListWidget>(dialog, "problems");
-    QVERIFY(problems->isVisible());
-    QCOMPARE(problems->count(), 2);
-    QVERIFY(problems->item(0)->text().startsWith(QStringLiteral("Line 5:")));
-    QVERIFY(problems->item(1)->text().startsWith(QStringLiteral("Line 6:")));
-    QVERIFY(import->isEnabled());
-    QCOMPARE(store.journal.serialize(), journalBefore); // a preview writes nothing
-
-    if (finish == Finish::ReplaceAndImport) {
-        click(child<QCheckBox>(dialog, "replace"));
-        const QString replacedMark = table->item(1, 4)->text();
-        QVERIFY(replacedMark != keptMark && replacedMark != newMark);
+        QTest::newRow("whole journal as CSV") << false << false << Earlier::None << true;
+        QTest::newRow("typed days as JSON") << true << true << Earlier::None << true;
+        QTest::newRow("typed days as CSV") << true << false << Earlier::None << true;
+        QTest::newRow("earlier export replaced") << false << false << Earlier::Replace << true;
+        QTest::newRow("earlier export kept") << false << false << Earlier::Keep << false;
+        QTest::newRow("folder cannot be made") << false << false << Earlier::Blocked << false;
     }
-    click(finish == Finish::Cancel ? child<QPushButton>(dialog, "cancel") : import);
-    QCOMPARE(done.count(), 1);
 
-    if (finish == Finish::Cancel) {
+    void exportWritesWhatWasChosen()
+    {
+        QFETCH(bool, someDays);
+        QFETCH(bool, json);
+        QFETCH(Earlier, earlier);
+        QFETCH(bool, written);
+
+        test::TestContext context;
+        fillStore(context.m_store, 10);
+        const model::Store& store = context.m_store;
+        const std::vector<std::uint8_t> journalBefore = store.journal.serialize();
+        test::TempDir dir;
+        fs::path folder = dir / "export";
+        if (earlier == Earlier::Replace || earlier == Earlier::Keep) {
+            fs::create_directory(folder);
+            test::writeBytes(folder / exchange::ServingsFileName, {'o', 'l', 'd'});
+            test::writeBytes(folder / "mine.txt", {'m'});
+        }
+        if (earlier == Earlier::Blocked) {
+            test::writeBytes(dir / "file", {'x'});
+            folder = dir / "file" / "export";
+        }
+        const Files before = filesIn(folder);
+
+        // What the export logic writes for the same choices.
+        exchange::ExportOptions options;
+        options.csv = !json;
+        options.json = json;
+        if (someDays) {
+            options.from = dateOf(store, 2);
+            options.to = dateOf(store, 5);
+        }
+        test::TempDir reference;
+        QVERIFY(exchange::exportJournal(store, reference.path(), options).ok());
+        Files expected = before;
+        for (const auto& [name, bytes] : filesIn(reference.path()))
+            expected[name] = bytes;
+
+        exchange::ExportDialog dialog(context);
+        QSignalSpy done(&dialog, &QDialog::finished);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        auto* progress = child<QProgressBar>(dialog, "progress");
+        QSignalSpy moved(progress, &QProgressBar::valueChanged);
+
+        retype(child<QLineEdit>(dialog, "folderPath"), qPath(folder));
+        if (someDays) {
+            click(child<QRadioButton>(dialog, "someDays"));
+            typeDate(child<QDateEdit>(dialog, "fromDate"), dateOf(store, 2));
+            typeDate(child<QDateEdit>(dialog, "toDate"), dateOf(store, 5));
+        }
+        if (json)
+            click(child<QRadioButton>(dialog, "json"));
+
+        test::ModalScript script;
+        if (earlier == Earlier::Replace || earlier == Earlier::Keep) {
+            script.expect(QStringLiteral("Velmora"), [earlier](QWidget* w) {
+                test::click(w, earlier == Earlier::Replace ? QStringLiteral("Yes")
+                                                           : QStringLiteral("No"));
+            });
+        }
+        if (earlier != Earlier::Keep)
+            script.expect(QStringLiteral("Velmora"),
+                          [](QWidget* w) { test::click(w, QStringLiteral("OK")); });
+        click(child<QPushButton>(dialog, "export"));
+        QTRY_VERIFY(script.finished());
+        QTRY_VERIFY(!dialog.running());
+        QCOMPARE(script.unexpected(), QStringList());
+
+        const Files after = filesIn(folder);
+        QVERIFY(after == (written ? expected : before));
+        QCOMPARE(store.journal.serialize(), journalBefore);
+        if (written) {
+            QTRY_COMPARE(done.count(), 1);
+            QCOMPARE(done.front().front().toInt(), int(QDialog::Accepted));
+            // The last message names the folder and every file written.
+            const QString message = script.messages().last();
+            QVERIFY2(message.contains(qPath(folder)), qPrintable(message));
+            for (const auto& [name, bytes] : filesIn(reference.path()))
+                QVERIFY2(message.contains(QString::fromStdString(name)), qPrintable(message));
+            // The bar moved with the days and ended full.
+            QVERIFY(moved.count() > 2);
+            QCOMPARE(progress->value(), progress->maximum());
+        } else {
+            QVERIFY(dialog.isVisible());
+            QCOMPARE(done.count(), 0);
+            QCOMPARE(script.messages().size(), 1);
+        }
+    }
+
+    void stopLeavesTheFolderAsItWas()
+    {
+        // Ten years take long enough that "Stop", clicked at once, comes before the end.
+        test::TestContext context;
+        fillStore(context.m_store, 3650);
+        test::TempDir dir;
+        const fs::path folder = dir / "export";
+
+        exchange::ExportDialog dialog(context);
+        QSignalSpy done(&dialog, &QDialog::finished);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        retype(child<QLineEdit>(dialog, "folderPath"), qPath(folder));
+        auto* cancel = child<QPushButton>(dialog, "cancel");
+        click(child<QPushButton>(dialog, "export"));
+        QVERIFY(dialog.running());
+        QVERIFY(!child<QPushButton>(dialog, "export")->isEnabled());
+        click(cancel);
+        QTRY_VERIFY_WITH_TIMEOUT(!dialog.running(), 20000);
+
+        QVERIFY(!fs::exists(folder));
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(done.count(), 0);
+        QVERIFY(child<QPushButton>(dialog, "export")->isEnabled());
+        // Once stopped, Cancel closes.
+        click(cancel);
+        QCOMPARE(done.count(), 1);
         QCOMPARE(done.front().front().toInt(), int(QDialog::Rejected));
-        QCOMPARE(store.journal.serialize(), journalBefore);
-        QCOMPARE(context.modified, 0);
-        return;
     }
-    QCOMPARE(done.front().front().toInt(), int(QDialog::Accepted));
-    QCOMPARE(context.modified, 1);
-    QCOMPARE(healthOn(store, d0).weight, 150.0f);
-    QCOMPARE(healthOn(store, d0).bodyFat, 20.0f);
-    QCOMPARE(healthOn(store, newDay).weight, 149.5f);
-    QCOMPARE(healthOn(store, d1).weight, finish == Finish::ReplaceAndImport ? 155.0f : 151.0f);
-    QCOMPARE(dialog.written(), std::size_t(finish == Finish::ReplaceAndImport ? 3 : 2));
-    QCOMPARE(store.journal.days.size(), std::size_t(4));
-}
 
-void ExportDialogsTest::importUnitsAndUnreadableFiles_data()
-{
-    QTest::addColumn<QByteArray>("file"); // empty: no file at the path
-    QTest::addColumn<bool>("kilograms");  // Down in the weight unit box
-    QTest::addColumn<bool>("importable");
-
-    QTest::newRow("weights without unit in pounds")
-        << QByteArray("Date,Weight\nD0,70\n") << false << true;
-    QTest::newRow("weights without unit in kilograms")
-        << QByteArray("Date,Weight\nD0,70\n") << true << true;
-    QTest::newRow("a unit in the file wins")
-        << QByteArray("Date,Weight (lb)\nD0,170\n") << true << true;
-    QTest::newRow("no such file") << QByteArray() << false << false;
-    QTest::newRow("no date column") << QByteArray("Weight\n70\n") << false << false;
-    QTest::newRow("only unreadable rows") << QByteArray("Date,Weight\nD0,x\n") << false << false;
-}
-
-void ExportDialogsTest::importUnitsAndUnreadableFiles()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(bool, kilograms);
-    QFETCH(bool, importable);
-
-    test::TestContext context;
-    fillStore(context.m_store, 1);
-    model::Store& store = context.m_store;
-    store.journal.days[0].health.weight = 0.0f;
-    const model::CalendarDate d0 = dateOf(store, 0);
-    const std::vector<std::uint8_t> journalBefore = store.journal.serialize();
-    test::TempDir dir;
-    file.replace("D0", isoText(d0).toUtf8());
-    if (!file.isEmpty())
-        test::writeBytes(dir / "scale.csv", std::vector<std::uint8_t>(file.begin(), file.end()));
-
-    // What the import logic plans for the chosen unit.
-    exchange::HealthImportOptions options;
-    options.weightUnit = kilograms ? exchange::WeightUnit::Kilograms : exchange::WeightUnit::Pounds;
-    const auto plan = exchange::planHealthImport(file.toStdString(), store.journal, options);
-
-    exchange::HealthImportDialog dialog(context);
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    auto* path = child<QLineEdit>(dialog, "filePath");
-    retype(path, qPath(dir / "scale.csv"));
-    QTest::keyClick(path, Qt::Key_Return);
-    if (kilograms) {
-        auto* unit = child<QComboBox>(dialog, "weightUnit");
-        unit->setFocus();
-        QTest::keyClick(unit, Qt::Key_Down);
-        QCOMPARE(unit->currentText(), QStringLiteral("Kilograms (kg)"));
+    void importPreviewsAndChangesOnlyWhenConfirmed_data()
+    {
+        QTest::addColumn<Finish>("finish");
+        QTest::newRow("Cancel changes nothing") << Finish::Cancel;
+        QTest::newRow("Import adds the new values") << Finish::Import;
+        QTest::newRow("Import replaces when asked") << Finish::ReplaceAndImport;
     }
-    auto* import = child<QPushButton>(dialog, "import");
-    QCOMPARE(import->isEnabled(), importable);
-    QCOMPARE(child<QTableWidget>(dialog, "changes")->rowCount(), importable ? 1 : 0);
-    if (!importable) {
-        QVERIFY(!child<QLabel>(dialog, "summary")->text().isEmpty());
-        QCOMPARE(store.journal.serialize(), journalBefore);
-        return;
-    }
-    click(import);
-    QVERIFY(plan.ok());
-    QCOMPARE(plan.plan->newValues.size(), std::size_t(1));
-    QCOMPARE(healthOn(store, d0).weight, plan.plan->newValues.front().newValue);
-}
 
-void ExportDialogsTest::importFromTheFileMenuShowsOnTheHealthPage()
-{
-    // The program with one user whose journal holds nothing yet; a weigh-in of today.
-    QTemporaryDir data;
-    test::writeSmallFoods(data.path());
-    app::Application program(test::appOptions(data.path(), false));
-    QVERIFY(program.start());
-    app::MainWindow& window = *program.window();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    window.showPage(ui::PageId::Health);
-    auto* weight = window.pageHost()
-                       ->page(ui::PageId::Health)
-                       ->findChild<QLineEdit*>(QStringLiteral("weight"));
-    QVERIFY(weight);
-    QVERIFY(weight->text() != QStringLiteral("163.5"));
-    test::TempDir dir;
-    const QString today = QDate::currentDate().toString(Qt::ISODate);
-    const std::string csv = "Date,Weight (lb)\n" + today.toStdString() + ",163.5\n";
-    test::writeBytes(dir / "scale.csv", std::vector<std::uint8_t>(csv.begin(), csv.end()));
+    void importPreviewsAndChangesOnlyWhenConfirmed()
+    {
+        QFETCH(Finish, finish);
 
-    test::ModalScript script;
-    script.expect(QStringLiteral("Import Health Values"), [&](QWidget* w) {
-        auto* path = w->findChild<QLineEdit*>(QStringLiteral("filePath"));
+        test::TestContext context;
+        fillStore(context.m_store, 3);
+        model::Store& store = context.m_store;
+        const model::CalendarDate d0 = dateOf(store, 0), d1 = dateOf(store, 1);
+        const QDate later = QDate(d0.year, d0.month, d0.day).addDays(5);
+        const model::CalendarDate newDay{later.year(), later.month(), later.day()};
+        QCOMPARE(store.journal.days[1].health.weight, 151.0f);
+        QCOMPARE(store.journal.days[0].health.bodyFat, 0.0f);
+        const std::vector<std::uint8_t> journalBefore = store.journal.serialize();
+        test::TempDir dir;
+        const std::string csv = weighIns(store, newDay);
+        test::writeBytes(dir / "scale.csv", std::vector<std::uint8_t>(csv.begin(), csv.end()));
+
+        exchange::HealthImportDialog dialog(context);
+        QSignalSpy done(&dialog, &QDialog::finished);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        auto* import = child<QPushButton>(dialog, "import");
+        auto* table = child<QTableWidget>(dialog, "changes");
+        QVERIFY(!import->isEnabled());
+
+        auto* path = child<QLineEdit>(dialog, "filePath");
         retype(path, qPath(dir / "scale.csv"));
         QTest::keyClick(path, Qt::Key_Return);
-        QTest::mouseClick(w->findChild<QPushButton*>(QStringLiteral("import")), Qt::LeftButton);
-    });
-    QMenuBar* bar = window.menuBar();
-    QAction* fileMenu = bar->actions().front();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(fileMenu).center());
-    QMenu* menu = fileMenu->menu();
-    QTRY_VERIFY(menu->isVisible());
-    QAction* importHealth = nullptr;
-    for (QAction* a : menu->actions())
-        if (a->text() == QStringLiteral("Import Health Values..."))
-            importHealth = a;
-    QVERIFY(importHealth);
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(importHealth).center());
-    QTRY_VERIFY(script.finished());
-    QCOMPARE(script.unexpected(), QStringList());
-    QTRY_COMPARE(weight->text(), QStringLiteral("163.5"));
-    window.close();
-}
+        QCOMPARE(done.count(), 0); // Return previews, it does not import
+
+        // Two new values (a body fat, a day's first weight) and one replacement, by date; the
+        // weight the journal already holds is not listed.
+        const char* rows[][3] = {{"Body fat", "", "20 %"}, // what, old value, new value
+                                 {"Weight", "151 lb", "155 lb"},
+                                 {"Weight", "", "149.5 lb"}};
+        QCOMPARE(table->rowCount(), 3);
+        for (int r = 0; r < 3; ++r)
+            for (int c = 0; c < 3; ++c)
+                QCOMPARE(table->item(r, c + 1)->text(), QString::fromLatin1(rows[r][c]));
+        const QString newMark = table->item(0, 4)->text();
+        QCOMPARE(table->item(2, 4)->text(), newMark);
+        const QString keptMark = table->item(1, 4)->text();
+        QVERIFY(keptMark != newMark);
+        QVERIFY(table->item(1, 0)->background() != table->item(0, 0)->background());
+
+        auto* problems = child<QListWidget>(dialog, "problems");
+        QVERIFY(problems->isVisible());
+        QCOMPARE(problems->count(), 2);
+        QVERIFY(problems->item(0)->text().startsWith(QStringLiteral("Line 5:")));
+        QVERIFY(problems->item(1)->text().startsWith(QStringLiteral("Line 6:")));
+        QVERIFY(import->isEnabled());
+        QCOMPARE(store.journal.serialize(), journalBefore); // a preview writes nothing
+
+        if (finish == Finish::ReplaceAndImport) {
+            click(child<QCheckBox>(dialog, "replace"));
+            const QString replacedMark = table->item(1, 4)->text();
+            QVERIFY(replacedMark != keptMark && replacedMark != newMark);
+        }
+        click(finish == Finish::Cancel ? child<QPushButton>(dialog, "cancel") : import);
+        QCOMPARE(done.count(), 1);
+
+        if (finish == Finish::Cancel) {
+            QCOMPARE(done.front().front().toInt(), int(QDialog::Rejected));
+            QCOMPARE(store.journal.serialize(), journalBefore);
+            QCOMPARE(context.modified, 0);
+            return;
+        }
+        QCOMPARE(done.front().front().toInt(), int(QDialog::Accepted));
+        QCOMPARE(context.modified, 1);
+        QCOMPARE(healthOn(store, d0).weight, 150.0f);
+        QCOMPARE(healthOn(store, d0).bodyFat, 20.0f);
+        QCOMPARE(healthOn(store, newDay).weight, 149.5f);
+        QCOMPARE(healthOn(store, d1).weight, finish == Finish::ReplaceAndImport ? 155.0f : 151.0f);
+        QCOMPARE(dialog.written(), std::size_t(finish == Finish::ReplaceAndImport ? 3 : 2));
+        QCOMPARE(store.journal.days.size(), std::size_t(4));
+    }
+
+    void importUnitsAndUnreadableFiles_data()
+    {
+        QTest::addColumn<QByteArray>("file"); // empty: no file at the path
+        QTest::addColumn<bool>("kilograms");  // Down in the weight unit box
+        QTest::addColumn<bool>("importable");
+
+        QTest::newRow("weights without unit in pounds")
+            << QByteArray("Date,Weight\nD0,70\n") << false << true;
+        QTest::newRow("weights without unit in kilograms")
+            << QByteArray("Date,Weight\nD0,70\n") << true << true;
+        QTest::newRow("a unit in the file wins")
+            << QByteArray("Date,Weight (lb)\nD0,170\n") << true << true;
+        QTest::newRow("no such file") << QByteArray() << false << false;
+        QTest::newRow("no date column") << QByteArray("Weight\n70\n") << false << false;
+        QTest::newRow("only unreadable rows")
+            << QByteArray("Date,Weight\nD0,x\n") << false << false;
+    }
+
+    void importUnitsAndUnreadableFiles()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(bool, kilograms);
+        QFETCH(bool, importable);
+
+        test::TestContext context;
+        fillStore(context.m_store, 1);
+        model::Store& store = context.m_store;
+        store.journal.days[0].health.weight = 0.0f;
+        const model::CalendarDate d0 = dateOf(store, 0);
+        const std::vector<std::uint8_t> journalBefore = store.journal.serialize();
+        test::TempDir dir;
+        file.replace("D0", isoText(d0).toUtf8());
+        if (!file.isEmpty())
+            test::writeBytes(dir / "scale.csv",
+                             std::vector<std::uint8_t>(file.begin(), file.end()));
+
+        // What the import logic plans for the chosen unit.
+        exchange::HealthImportOptions options;
+        options.weightUnit =
+            kilograms ? exchange::WeightUnit::Kilograms : exchange::WeightUnit::Pounds;
+        const auto plan = exchange::planHealthImport(file.toStdString(), store.journal, options);
+
+        exchange::HealthImportDialog dialog(context);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        auto* path = child<QLineEdit>(dialog, "filePath");
+        retype(path, qPath(dir / "scale.csv"));
+        QTest::keyClick(path, Qt::Key_Return);
+        if (kilograms) {
+            auto* unit = child<QComboBox>(dialog, "weightUnit");
+            unit->setFocus();
+            QTest::keyClick(unit, Qt::Key_Down);
+            QCOMPARE(unit->currentText(), QStringLiteral("Kilograms (kg)"));
+        }
+        auto* import = child<QPushButton>(dialog, "import");
+        QCOMPARE(import->isEnabled(), importable);
+        QCOMPARE(child<QTableWidget>(dialog, "changes")->rowCount(), importable ? 1 : 0);
+        if (!importable) {
+            QVERIFY(!child<QLabel>(dialog, "summary")->text().isEmpty());
+            QCOMPARE(store.journal.serialize(), journalBefore);
+            return;
+        }
+        click(import);
+        QVERIFY(plan.ok());
+        QCOMPARE(plan.plan->newValues.size(), std::size_t(1));
+        QCOMPARE(healthOn(store, d0).weight, plan.plan->newValues.front().newValue);
+    }
+
+    void importFromTheFileMenuShowsOnTheHealthPage()
+    {
+        // The program with one user whose journal holds nothing yet; a weigh-in of today.
+        QTemporaryDir data;
+        test::writeSmallFoods(data.path());
+        app::Application program(test::appOptions(data.path(), false));
+        QVERIFY(program.start());
+        app::MainWindow& window = *program.window();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showPage(ui::PageId::Health);
+        auto* weight = window.pageHost()
+                           ->page(ui::PageId::Health)
+                           ->findChild<QLineEdit*>(QStringLiteral("weight"));
+        QVERIFY(weight);
+        QVERIFY(weight->text() != QStringLiteral("163.5"));
+        test::TempDir dir;
+        const QString today = QDate::currentDate().toString(Qt::ISODate);
+        const std::string csv = "Date,Weight (lb)\n" + today.toStdString() + ",163.5\n";
+        test::writeBytes(dir / "scale.csv", std::vector<std::uint8_t>(csv.begin(), csv.end()));
+
+        test::ModalScript script;
+        script.expect(QStringLiteral("Import Health Values"), [&](QWidget* w) {
+            auto* path = w->findChild<QLineEdit*>(QStringLiteral("filePath"));
+            retype(path, qPath(dir / "scale.csv"));
+            QTest::keyClick(path, Qt::Key_Return);
+            QTest::mouseClick(w->findChild<QPushButton*>(QStringLiteral("import")), Qt::LeftButton);
+        });
+        QMenuBar* bar = window.menuBar();
+        QAction* fileMenu = bar->actions().front();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(fileMenu).center());
+        QMenu* menu = fileMenu->menu();
+        QTRY_VERIFY(menu->isVisible());
+        QAction* importHealth = nullptr;
+        for (QAction* a : menu->actions())
+            if (a->text() == QStringLiteral("Import Health Values..."))
+                importHealth = a;
+        QVERIFY(importHealth);
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(importHealth).center());
+        QTRY_VERIFY(script.finished());
+        QCOMPARE(script.unexpected(), QStringList());
+        QTRY_COMPARE(weight->text(), QStringLiteral("163.5"));
+        window.close();
+    }
+
+private:
+    QTemporaryDir m_settings;
+};
 
 QTEST_MAIN(ExportDialogsTest)
 #include "test_export_dialogs.moc"

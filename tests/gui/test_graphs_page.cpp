@@ -201,38 +201,6 @@ private slots:
         QVERIFY(m_page->graph()->isVisible());
     }
 
-    void dietPlanSharesTheWeightScale()
-    {
-        model::User& user = m_context->m_store.journal.user;
-        user.changeWeight = 1;
-        user.planStart = timeOf(1);
-        user.planEnd = timeOf(31);
-        user.planStartWeight = 181.0f;
-        user.planEndWeight = 171.0f;
-        clickRadio(m_page.get(), QStringLiteral("Diet Plan and Progress"));
-
-        auto* from = m_page->findChild<QDateEdit*>(QStringLiteral("from"));
-        auto* to = m_page->findChild<QDateEdit*>(QStringLiteral("to"));
-        QCOMPARE(from->date(), QDate(2026, 3, 1));
-        QCOMPARE(to->date(), QDate(2026, 3, 31));
-        QVERIFY(!from->isEnabled() && !to->isEnabled());
-        QVERIFY(!button(QStringLiteral("Nutrient"))->isEnabled());
-
-        analysis::GraphView* graph = m_page->graph();
-        QVERIFY(graph->isVisible());
-        QCOMPARE(graph->curveCount(), 3);
-        QCOMPARE(graph->curve(1)->name(), QStringLiteral("Weight"));
-        QCOMPARE(graph->curve(1)->count(), 3);
-        QLineSeries* plan = graph->curve(2);
-        QCOMPARE(plan->name(), QStringLiteral("Plan"));
-        QCOMPARE(plan->color(), QColor(Qt::blue));
-        QCOMPARE(plan->count(), 2);
-        QCOMPARE(plan->at(0).y(), 181.0);
-        QCOMPARE(plan->at(1).y(), 171.0);
-        QCOMPARE(graph->yAxis(2), graph->yAxis(1));
-        QVERIFY(graph->yAxis(1)->isVisible());
-    }
-
     void analysisTableOfTheRange()
     {
         auto* table = m_page->findChild<QTreeWidget*>(QStringLiteral("analysisTable"));
@@ -294,8 +262,9 @@ private slots:
         QCOMPARE(m_page->from(), (model::CalendarDate{2026, 3, 2}));
         QCOMPARE(m_page->findChild<QDateEdit*>(QStringLiteral("from"))->date(), QDate(2026, 3, 2));
 
-        // The diet plan's weight gets its trend too, and the plan keeps the weight's scale; the
-        // plan fixes the dates, so the range buttons rest.
+        // The diet plan's weight gets its trend too, and the plan, a blue line from the start
+        // weight to the end weight, keeps the weight's scale; the plan fixes the dates, so the
+        // range buttons, the date pickers and the nutrient menu rest.
         model::User& user = m_context->m_store.journal.user;
         user.changeWeight = 1;
         user.planStart = timeOf(1);
@@ -306,8 +275,21 @@ private slots:
         clickRadio(m_page.get(), QStringLiteral("Diet Plan and Progress"));
         QCOMPARE(graph->curveCount(), 4);
         QCOMPARE(graph->curve(2)->name(), QStringLiteral("Weight trend"));
-        QCOMPARE(graph->curve(3)->name(), QStringLiteral("Plan"));
+        QCOMPARE(graph->curve(1)->count(), 3);
+        QLineSeries* plan = graph->curve(3);
+        QCOMPARE(plan->name(), QStringLiteral("Plan"));
+        QCOMPARE(plan->color(), QColor(Qt::blue));
+        QCOMPARE(plan->count(), 2);
+        QCOMPARE(plan->at(0).y(), 181.0);
+        QCOMPARE(plan->at(1).y(), 171.0);
         QCOMPARE(graph->yAxis(3), graph->yAxis(1));
+        QVERIFY(graph->yAxis(1)->isVisible());
+        auto* from = m_page->findChild<QDateEdit*>(QStringLiteral("from"));
+        auto* to = m_page->findChild<QDateEdit*>(QStringLiteral("to"));
+        QCOMPARE(from->date(), QDate(2026, 3, 1));
+        QCOMPARE(to->date(), QDate(2026, 3, 31));
+        QVERIFY(!from->isEnabled() && !to->isEnabled());
+        QVERIFY(!button(QStringLiteral("Nutrient"))->isEnabled());
         QVERIFY(!m_page->rangeButton(analysis::QuickRange::Year)->isEnabled());
     }
 };

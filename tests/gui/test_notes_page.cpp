@@ -37,68 +37,65 @@ private slots:
         test::keepSettingsIn(m_settings);
         ui::setDeleteConfirmationsEnabled(true);
     }
-    void notesAreKeptPerCategory();
-    void anEmptyNoteMakesNoDay();
+    void notesAreKeptPerCategory()
+    {
+        test::TestContext context;
+        fitness::NotesPage page(context);
+        page.show();
+        auto* category = page.findChild<QComboBox*>(QStringLiteral("noteCategory"));
+        auto* note = page.findChild<QPlainTextEdit*>(QStringLiteral("note"));
+        auto* previous = page.findChild<QListWidget*>(QStringLiteral("previousEntries"));
+        QPushButton* clear = buttonOf(&page, QStringLiteral("Clear Entry"));
+        QCOMPARE(category->currentText(), QStringLiteral("Diet"));
+        QVERIFY(!clear->isEnabled());
+
+        // A "Fitness" note: listed under "Fitness", not under "Diet".
+        stepCategory(category, Qt::Key_Down);
+        QCOMPARE(category->currentText(), QStringLiteral("Fitness"));
+        note->setFocus();
+        QTest::keyClicks(note, QStringLiteral("Ran 5 km"));
+        QVERIFY(clear->isEnabled());
+        stepCategory(category, Qt::Key_Up);
+        const auto& days = context.m_store.journal.days;
+        QCOMPARE(days.size(), std::size_t{1});
+        QCOMPARE(days[0].notes[3], std::string("Ran 5 km"));
+        QVERIFY(days[0].notes[2].empty());
+        QCOMPARE(note->toPlainText(), QString());
+        QCOMPARE(previous->count(), 0);
+        stepCategory(category, Qt::Key_Down);
+        QCOMPARE(note->toPlainText(), QStringLiteral("Ran 5 km"));
+        QCOMPARE(previous->count(), 1);
+        QCOMPARE(previous->currentRow(), 0);
+
+        // "Clear Entry" asks first; "No" keeps the text, "Yes" empties it, and once stored the date
+        // leaves the list.
+        onNextModal([](QWidget* w) { test::clickButton(w, QStringLiteral("No")); });
+        test::click(clear);
+        QCOMPARE(note->toPlainText(), QStringLiteral("Ran 5 km"));
+        onNextModal([](QWidget* w) { test::clickButton(w, QStringLiteral("Yes")); });
+        test::click(clear);
+        QCOMPARE(note->toPlainText(), QString());
+        QVERIFY(!clear->isEnabled());
+        page.storePage();
+        page.refreshPage();
+        QVERIFY(days[0].notes[3].empty());
+        QCOMPARE(previous->count(), 0);
+    }
+
+    void anEmptyNoteMakesNoDay()
+    {
+        test::TestContext context;
+        fitness::NotesPage page(context);
+        page.show();
+        auto* date = page.findChild<QDateEdit*>(QStringLiteral("notesDate"));
+        date->setFocus();
+        QTest::keyClick(date, Qt::Key_Home);
+        QTest::keyClick(date, Qt::Key_Down);
+        page.storePage();
+        QVERIFY(context.m_store.journal.days.empty());
+        QCOMPARE(context.modified, 0);
+    }
 };
-
-void NotesPageTest::notesAreKeptPerCategory()
-{
-    test::TestContext context;
-    fitness::NotesPage page(context);
-    page.show();
-    auto* category = page.findChild<QComboBox*>(QStringLiteral("noteCategory"));
-    auto* note = page.findChild<QPlainTextEdit*>(QStringLiteral("note"));
-    auto* previous = page.findChild<QListWidget*>(QStringLiteral("previousEntries"));
-    QPushButton* clear = buttonOf(&page, QStringLiteral("Clear Entry"));
-    QCOMPARE(category->currentText(), QStringLiteral("Diet"));
-    QVERIFY(!clear->isEnabled());
-
-    // A "Fitness" note: listed under "Fitness", not under "Diet".
-    stepCategory(category, Qt::Key_Down);
-    QCOMPARE(category->currentText(), QStringLiteral("Fitness"));
-    note->setFocus();
-    QTest::keyClicks(note, QStringLiteral("Ran 5 km"));
-    QVERIFY(clear->isEnabled());
-    stepCategory(category, Qt::Key_Up);
-    const auto& days = context.m_store.journal.days;
-    QCOMPARE(days.size(), std::size_t{1});
-    QCOMPARE(days[0].notes[3], std::string("Ran 5 km"));
-    QVERIFY(days[0].notes[2].empty());
-    QCOMPARE(note->toPlainText(), QString());
-    QCOMPARE(previous->count(), 0);
-    stepCategory(category, Qt::Key_Down);
-    QCOMPARE(note->toPlainText(), QStringLiteral("Ran 5 km"));
-    QCOMPARE(previous->count(), 1);
-    QCOMPARE(previous->currentRow(), 0);
-
-    // "Clear Entry" asks first; "No" keeps the text, "Yes" empties it, and once stored the date
-    // leaves the list.
-    onNextModal([](QWidget* w) { test::clickButton(w, QStringLiteral("No")); });
-    test::click(clear);
-    QCOMPARE(note->toPlainText(), QStringLiteral("Ran 5 km"));
-    onNextModal([](QWidget* w) { test::clickButton(w, QStringLiteral("Yes")); });
-    test::click(clear);
-    QCOMPARE(note->toPlainText(), QString());
-    QVERIFY(!clear->isEnabled());
-    page.storePage();
-    page.refreshPage();
-    QVERIFY(days[0].notes[3].empty());
-    QCOMPARE(previous->count(), 0);
-}
-
-void NotesPageTest::anEmptyNoteMakesNoDay()
-{
-    test::TestContext context;
-    fitness::NotesPage page(context);
-    page.show();
-    auto* date = page.findChild<QDateEdit*>(QStringLiteral("notesDate"));
-    date->setFocus();
-    QTest::keyClick(date, Qt::Key_Home);
-    QTest::keyClick(date, Qt::Key_Down);
-    page.storePage();
-    QVERIFY(context.m_store.journal.days.empty());
-    QCOMPARE(context.modified, 0);
-}
 
 QTEST_MAIN(NotesPageTest)
 #include "test_notes_page.moc"
