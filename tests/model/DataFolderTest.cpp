@@ -193,6 +193,8 @@ TEST(DataFolder, ACutJournalKeepsItsWholeDaysAndItsGoodBackupUntilTheUserDecides
     EXPECT_EQ(readBytes(damaged.movedTo), cut);
     EXPECT_EQ(readBytes(damaged.backup), good);
     EXPECT_EQ(damaged.backup.filename().string().rfind("Bert.db.backup-", 0), 0u);
+    EXPECT_FALSE(fs::exists(dir / "Bert.db.bak")); // out of the way of saves
+    EXPECT_EQ(s.journal.user.height, 170);         // the whole profile record is used
 
     // The salvaged days are saved, and saved again after an edit: the good backup stays as it is.
     ASSERT_TRUE(s.saveCurrentUser().ok());
@@ -206,6 +208,8 @@ TEST(DataFolder, ACutJournalKeepsItsWholeDaysAndItsGoodBackupUntilTheUserDecides
     EXPECT_EQ(s.journal.days.size(), 10u);
     EXPECT_EQ(readBytes(dir / "Bert.db"), good);
     EXPECT_EQ(readBytes(dir / "Bert.db.bak"), good);
+    EXPECT_FALSE(fs::exists(damaged.backup));
+    EXPECT_EQ(readBytes(damaged.movedTo), cut);
     std::size_t salvagedCopies = 0;
     for (const auto& [name, bytes] : contentOf(dir.path()))
         if (name.rfind("Bert.db.salvaged-", 0) == 0) {

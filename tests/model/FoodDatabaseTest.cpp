@@ -101,41 +101,31 @@ TEST(FoodDatabase, NonPositiveCountsReadNothing)
 TEST(FoodDatabase, DamagedFilesNameTheFileAndOffset)
 {
     const auto good = smallFoodsDb();
-    // Every cut of the file fails, at an offset inside what is left, naming the file.
-    for (std::size_t cut = 0; cut < good.size(); ++cut) {
-        const std::vector<std::uint8_t> truncated(good.begin(),
-                                                  good.begin() + static_cast<long>(cut));
-        auto r = FoodDatabase::parse(truncated, "foods.db");
-        ASSERT_FALSE(r.ok()) << cut;
-        EXPECT_LE(r.error().offset, cut);
+    auto cutIntake = good; // the last intake record cut: its count no longer fits the bytes left
+    cutIntake.resize(good.size() - 3);
+    auto hugeFoods = good;
+    hugeFoods[3] = 0x7F; // 0x7F000003 foods
+    auto longName = good;
+    longName[12] = 0xFF; // the first food's name prefix becomes 0xFF and a 16-bit length
+    struct Case
+    {
+        const char* what;
+        std::vector<std::uint8_t> bytes;
+        FileErrorCode code;
+        std::size_t offset;
+    };
+    const Case cases[] = {
+        {"cut intake", cutIntake, FileErrorCode::BadCount, good.size() - 4 - 22 * 8 - 4},
+        {"huge food count", hugeFoods, FileErrorCode::BadCount, 0},
+        {"long name", longName, FileErrorCode::BadLength, 12},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        auto r = FoodDatabase::parse(c.bytes, "foods.db");
+        ASSERT_FALSE(r.ok());
+        EXPECT_EQ(r.error().code, c.code);
+        EXPECT_EQ(r.error().offset, c.offset);
         EXPECT_EQ(r.error().file, "foods.db");
-    }
-    {
-        // Cutting the last intake record: its count no longer fits the bytes left.
-        const std::vector<std::uint8_t> truncated(good.begin(), good.end() - 3);
-        auto r = FoodDatabase::parse(truncated, "foods.db");
-        ASSERT_FALSE(r.ok());
-        EXPECT_EQ(r.error().code, FileErrorCode::BadCount);
-        EXPECT_EQ(r.error().offset, good.size() - 4 - 22 * 8 - 4);
-    }
-    {
-        auto huge = good;
-        huge[0] = 0xFF; // 0x7FFFFFFF foods
-        huge[1] = 0xFF;
-        huge[2] = 0xFF;
-        huge[3] = 0x7F;
-        auto r = FoodDatabase::parse(huge, "foods.db");
-        ASSERT_FALSE(r.ok());
-        EXPECT_EQ(r.error().code, FileErrorCode::BadCount);
-        EXPECT_EQ(r.error().offset, 0u);
-    }
-    {
-        auto longName = good;
-        longName[12] = 0xFF; // first food's name prefix becomes 0xFF + 16-bit length
-        auto r = FoodDatabase::parse(longName, "foods.db");
-        ASSERT_FALSE(r.ok());
-        EXPECT_EQ(r.error().code, FileErrorCode::BadLength);
-        EXPECT_EQ(r.error().offset, 12u);
     }
 }
 

@@ -97,6 +97,37 @@ TEST(UserNameFiles, TypedNamesAreCheckedAsTheFileNamesTheyBecome)
 #endif
 }
 
+// Stored names, as they come from a file: whatever could name no file, or another file than the
+// user's own, is refused.
+TEST(UserNameFiles, StoredNamesThatCannotBeFileNamesAreRefused)
+{
+    const std::pair<NameProblem, std::vector<std::string>> cases[] = {
+        {NameProblem::None,
+         {"Anna", "Jean-Luc Picard", "Zo\xEB", "Mr. Smith", "CONSOLE", "com10", "COM0",
+          std::string(197, 'a')}},
+        {NameProblem::Empty, {"", "  "}},
+        {NameProblem::TooLong, {std::string(198, 'a')}},
+        {NameProblem::BadCharacter,
+         {"a/b", "a\\b", "what?", "a\tb", "a:b", "a*b", "a\"b", "a<b", "a|b"}},
+        {NameProblem::ReservedName, {"..", ".", "con", "nul.txt", "COM1", "LPT3.txt", "lpt9"}},
+        {NameProblem::LeadingOrTrailing, {" Anna", "Anna."}},
+    };
+    for (const auto& [problem, names] : cases)
+        for (const std::string& name : names)
+            EXPECT_EQ(checkUserName(name), problem) << '"' << name << '"';
+
+    const std::pair<const char*, const char*> capitalised[] = {
+        {"bench curl", "Bench curl"},
+        {"\xE9mile", "\xC9mile"},
+        {"\x9A", "\x8A"},
+        {"1abc", "1abc"},
+        {"", ""},
+    };
+    for (const auto& [typed, stored] : capitalised)
+        EXPECT_EQ(capitaliseFirst(typed), stored);
+    EXPECT_EQ(trimBlanks(" \tAnna B \t"), "Anna B");
+}
+
 TEST(UserNameFiles, EachProblemHasItsOwnMessage)
 {
     const NameProblem problems[] = {

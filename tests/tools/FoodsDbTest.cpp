@@ -137,16 +137,15 @@ TEST(BuiltFoodsDb, ValuesAndProteinScoresMatchTheSourceFiles)
     auto zip = foodsdb::ZipArchive::open(jar);
     ASSERT_TRUE(zip.ok()) << zip.error().detail;
 
-    const std::map<std::string, model::NutrientId> byName{
+    std::map<std::string, model::NutrientId> byName{
         {"Energy", 208},    {"Protein", 203},
         {"Fat", 204},       {"Carbs", 205},
         {"Fiber", 291},     {"Calcium", 301},
-        {"Vitamin C", 401}, {"Omega-3", foodsdb::OmegaThreeSumNumber},
-        {"TRP", 501},       {"THR", 502},
-        {"ILE", 503},       {"LEU", 504},
-        {"LYS", 505},       {"MET", 506},
-        {"PHE", 508},       {"TYR", 509},
-        {"VAL", 510},       {"HIS", 512}};
+        {"Vitamin C", 401}, {"Omega-3", foodsdb::OmegaThreeSumNumber}};
+    const std::pair<const char*, model::NutrientId> aminoAcids[] = {
+        {"TRP", 501}, {"THR", 502}, {"ILE", 503}, {"LEU", 504}, {"LYS", 505},
+        {"MET", 506}, {"PHE", 508}, {"TYR", 509}, {"VAL", 510}, {"HIS", 512}};
+    byName.insert(std::begin(aminoAcids), std::end(aminoAcids));
     // The ideal pattern by the food files' names: mg per g protein.
     const std::pair<const char*, double> pattern[] = {{"TYR", 7},  {"HIS", 18}, {"MET", 25},
                                                       {"ILE", 25}, {"THR", 27}, {"VAL", 32},

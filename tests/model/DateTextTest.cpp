@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "model/DateText.h"
-#include "model/UserNames.h"
 
 using namespace velmora::model;
 
@@ -44,40 +43,4 @@ TEST(DateText, CalendarDatesAndLongForm)
     EXPECT_TRUE(sameDay(t, t + 3600));
     EXPECT_FALSE(sameDay(t, CalendarDate{2026, 11, 22}.toTime()));
     EXPECT_EQ(shortDateText(t, false, true), "11/21/2026");
-}
-
-TEST(UserNames, CheckAndCapitalise)
-{
-    struct Case
-    {
-        const char* name;
-        NameProblem problem;
-    };
-    const Case cases[] = {
-        {"Anna", NameProblem::None},
-        {"Jean-Luc Picard", NameProblem::None},
-        {"", NameProblem::Empty},
-        {"  ", NameProblem::Empty},
-        {"a/b", NameProblem::BadCharacter},
-        {"a\\b", NameProblem::BadCharacter},
-        {"what?", NameProblem::BadCharacter},
-        {"tab\there", NameProblem::BadCharacter},
-        {"..", NameProblem::ReservedName},
-        {"con", NameProblem::ReservedName},
-        {"LPT3.txt", NameProblem::ReservedName},
-        {"COM0", NameProblem::None},
-        {" Anna", NameProblem::LeadingOrTrailing},
-        {"Anna.", NameProblem::LeadingOrTrailing},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(checkUserName(c.name), c.problem) << c.name;
-    EXPECT_EQ(checkUserName(std::string(197, 'a')), NameProblem::None);
-    EXPECT_EQ(checkUserName(std::string(198, 'a')), NameProblem::TooLong);
-
-    EXPECT_EQ(capitaliseFirst("bench curl"), "Bench curl");
-    EXPECT_EQ(capitaliseFirst("\xE9mile"), "\xC9mile");
-    EXPECT_EQ(capitaliseFirst("\x9A"), "\x8A");
-    EXPECT_EQ(capitaliseFirst("1abc"), "1abc");
-    EXPECT_EQ(capitaliseFirst(""), "");
-    EXPECT_EQ(trimBlanks(" \tAnna B \t"), "Anna B");
 }
