@@ -55,21 +55,34 @@ void applyVariableForm(UserVariable& definition, const VariableForm& form)
     definition.time = form.time;
 }
 
+namespace {
+
+// The definition of exactly that stored name, or a new one appended under the next number of
+// its counter.
+template <typename Definition>
+Definition& namedOrNew(std::vector<Definition>& list, const std::string& name, IdCounters& counters,
+                       IdCounters::Slot counter)
+{
+    if (const auto at = definitionNamed(list, name))
+        return list[*at];
+    Definition fresh;
+    fresh.id = counters.take(counter);
+    fresh.name = name;
+    list.push_back(fresh);
+    return list.back();
+}
+
+} // namespace
+
 std::optional<std::int32_t> storeField(SharedData& shared, const std::string& typedName, int kind)
 {
     const std::string name = definitionName(typedName);
     if (name.empty())
         return std::nullopt;
     kind = std::clamp(kind, 0, FieldKindCount - 1);
-    if (const auto at = definitionNamed(shared.fields, name)) {
-        shared.fields[*at].kind = kind;
-        return shared.fields[*at].id;
-    }
-    ExerciseField field;
-    field.id = shared.counters.take(IdCounters::ExerciseField);
-    field.name = name;
+    ExerciseField& field =
+        namedOrNew(shared.fields, name, shared.counters, IdCounters::ExerciseField);
     field.kind = kind;
-    shared.fields.push_back(field);
     return field.id;
 }
 
@@ -103,19 +116,10 @@ std::optional<std::int32_t> storeRoutine(SharedData& shared, const std::string& 
     const std::string name = definitionName(typedName);
     if (name.empty())
         return std::nullopt;
-    Routine* routine = nullptr;
-    if (const auto at = definitionNamed(shared.routines, name)) {
-        routine = &shared.routines[*at];
-    } else {
-        Routine fresh;
-        fresh.id = shared.counters.take(IdCounters::Routine);
-        fresh.name = name;
-        shared.routines.push_back(fresh);
-        routine = &shared.routines.back();
-    }
-    routine->exercises = exercises;
-    routine->calories = calories;
-    return routine->id;
+    Routine& routine = namedOrNew(shared.routines, name, shared.counters, IdCounters::Routine);
+    routine.exercises = exercises;
+    routine.calories = calories;
+    return routine.id;
 }
 
 std::optional<std::int32_t> storeVariable(SharedData& shared, const std::string& typedName,
@@ -124,18 +128,10 @@ std::optional<std::int32_t> storeVariable(SharedData& shared, const std::string&
     const std::string name = definitionName(typedName);
     if (name.empty())
         return std::nullopt;
-    UserVariable* variable = nullptr;
-    if (const auto at = definitionNamed(shared.variables, name)) {
-        variable = &shared.variables[*at];
-    } else {
-        UserVariable fresh;
-        fresh.id = shared.counters.take(IdCounters::UserVariable);
-        fresh.name = name;
-        shared.variables.push_back(fresh);
-        variable = &shared.variables.back();
-    }
-    applyVariableForm(*variable, form);
-    return variable->id;
+    UserVariable& variable =
+        namedOrNew(shared.variables, name, shared.counters, IdCounters::UserVariable);
+    applyVariableForm(variable, form);
+    return variable.id;
 }
 
 bool deleteField(Store& store, const std::string& name)
