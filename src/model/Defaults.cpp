@@ -6,14 +6,9 @@ namespace velmora::model {
 
 namespace {
 
-struct FieldDef
-{
-    const char* name;
-    std::int32_t kind;
-};
-constexpr FieldDef DefaultFields[] = {{"Reps", 0},     {"Weight", 0},  {"Pace", 1},
-                                      {"Comment", 1},  {"Time", 2},    {"Level", 0},
-                                      {"Location", 1}, {"Max. HR", 0}, {"Ave. HR", 0}};
+constexpr DefaultField DefaultFields[] = {{"Reps", 0},     {"Weight", 0},  {"Pace", 1},
+                                          {"Comment", 1},  {"Time", 2},    {"Level", 0},
+                                          {"Location", 1}, {"Max. HR", 0}, {"Ave. HR", 0}};
 
 constexpr const char* StrengthExercises[] = {"Bench Press",     "Incline Press",
                                              "Shoulder Press",  "Lateral Raises",
@@ -26,20 +21,30 @@ constexpr const char* StrengthExercises[] = {"Bench Press",     "Incline Press",
                                              "Preacher Curl",   "Reverse Wrist Curl",
                                              "Squat",           "Alt. Calf Raise"};
 
-constexpr const char* EnduranceExercises[] = {"Running",
-                                              "Treadmill",
-                                              "Rowing",
-                                              "Row Machine",
-                                              "Cycling",
-                                              "Cycling Machine",
-                                              "Stair Climbing",
-                                              "Stair Machine",
-                                              "Elliptacle",
-                                              "Downhill Skiing",
-                                              "Cross-Country Skiing",
-                                              "Ski Machine"};
+constexpr const char* const EnduranceExercises[] = {"Running",
+                                                    "Treadmill",
+                                                    "Rowing",
+                                                    "Row Machine",
+                                                    "Cycling",
+                                                    "Cycling Machine",
+                                                    "Stair Climbing",
+                                                    "Stair Machine",
+                                                    "Elliptacle",
+                                                    "Downhill Skiing",
+                                                    "Cross-Country Skiing",
+                                                    "Ski Machine"};
 
 } // namespace
+
+std::span<const DefaultField> defaultExerciseFields()
+{
+    return DefaultFields;
+}
+
+std::span<const char* const> defaultEnduranceExercises()
+{
+    return EnduranceExercises;
+}
 
 void createExampleUser(SharedData& shared)
 {
@@ -47,7 +52,7 @@ void createExampleUser(SharedData& shared)
     shared.userNames = {"Example User"};
 
     std::vector<std::int32_t> fieldIds;
-    for (const FieldDef& f : DefaultFields) {
+    for (const DefaultField& f : DefaultFields) {
         ExerciseField field;
         field.id = shared.counters.take(IdCounters::ExerciseField);
         field.name = f.name;

@@ -1,10 +1,25 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+
 #include "model/UserDatabase.h"
 
 namespace velmora::model {
 
 class FoodDatabase;
+
+// A default exercise field: its name and kind (0 number, 1 text, 2 time).
+struct DefaultField
+{
+    const char* name;
+    std::int32_t kind;
+};
+
+// The nine default exercise fields and the twelve default endurance exercises, which the
+// workout handheld's defaults share.
+std::span<const DefaultField> defaultExerciseFields();
+std::span<const char* const> defaultEnduranceExercises();
 
 // Turns the shared data into the example user's installation: current user 0, the single name
 // "Example User", and the default definitions appended: 9 exercise fields (Reps, Weight, Pace,

@@ -3,38 +3,17 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/Defaults.h"
 #include "model/UserDatabase.h"
 
 namespace velmora::model {
 
 namespace {
 
-struct DefaultField
-{
-    const char* name;
-    std::int32_t kind; // 0 Number, 1 Text, 2 Time
-};
-constexpr DefaultField DefaultFields[] = {{"Reps", 0},     {"Weight", 0},  {"Pace", 1},
-                                          {"Comment", 1},  {"Time", 2},    {"Level", 0},
-                                          {"Location", 1}, {"Max. HR", 0}, {"Ave. HR", 0}};
-
 constexpr const char* StrengthExercises[] = {
     "Bench Press", "Incline Press", "Shoulder Press",   "Lateral Raises", "Deadlift",
     "Pull-up",     "Row",           "Tricep Extention", "Squat",          "Leg Curl",
     "Chin-up",     "Preacher Curl", "Calf Raise"};
-
-constexpr const char* CardioExercises[] = {"Running",
-                                           "Treadmill",
-                                           "Rowing",
-                                           "Row Machine",
-                                           "Cycling",
-                                           "Cycling Machine",
-                                           "Stair Climbing",
-                                           "Stair Machine",
-                                           "Elliptacle",
-                                           "Downhill Skiing",
-                                           "Cross-Country Skiing",
-                                           "Ski Machine"};
 
 void readDay(ArchiveReader& in, KorvelDay& day, bool withMeasurements)
 {
@@ -86,7 +65,7 @@ void readUser(ArchiveReader& in, KorvelUser& u, int* parts = nullptr)
 void KorvelShared::fillDefaultDefinitions()
 {
     if (definitions.fields.empty()) {
-        for (const DefaultField& f : DefaultFields) {
+        for (const DefaultField& f : defaultExerciseFields()) {
             const auto id = static_cast<std::int32_t>(counters[Fields]++);
             definitions.fields.push_back(ExerciseField{id, f.name, f.kind});
         }
@@ -94,7 +73,7 @@ void KorvelShared::fillDefaultDefinitions()
     if (!definitions.exercises.empty())
         return;
     std::vector<std::int32_t> ids;
-    for (const DefaultField& f : DefaultFields)
+    for (const DefaultField& f : defaultExerciseFields())
         for (const ExerciseField& field : definitions.fields)
             if (field.name == f.name) {
                 ids.push_back(field.id);
@@ -108,7 +87,7 @@ void KorvelShared::fillDefaultDefinitions()
     for (const char* name : StrengthExercises)
         definitions.exercises.push_back(
             Exercise{static_cast<std::int32_t>(counters[Exercises]++), name, strength});
-    for (const char* name : CardioExercises)
+    for (const char* name : defaultEnduranceExercises())
         definitions.exercises.push_back(
             Exercise{static_cast<std::int32_t>(counters[Exercises]++), name, cardio});
 }
