@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "model/DefinitionRecords.h"
+#include "model/HealthRecord.h"
 
 namespace velmora::model {
 
@@ -12,7 +13,6 @@ namespace {
 constexpr std::size_t MinMealSize = 4 + 1 + 4;
 constexpr std::size_t MinWorkoutSize = 4 + 4 + 4 + 1 + 4;
 constexpr std::size_t EntrySize = 4 + 4;
-constexpr std::size_t MinVariableUseSize = 4 + 1 + 4 + 4;
 constexpr std::size_t MinRecordSize = 4 + 4 + 4 + 4;
 constexpr std::size_t MinValueSize = 4 + 1;
 
@@ -36,47 +36,12 @@ bool fitsSignedTime(TimeT t)
 
 void readDayValues(ArchiveReader& in, HealthEntry& h, bool withMeasurements)
 {
-    h.wakeTime = readSignedTime(in);
-    h.height = in.f32();
-    h.weight = in.f32();
-    h.systolic = in.f32();
-    h.diastolic = in.f32();
-    h.sleep = in.f32();
-    h.pulse = in.f32();
-    h.bodyFat = in.f32();
-    h.bmi = in.f32();
-    h.temperature = in.f32(); // temperature comes before VO2 max, as in the user database
-    h.vo2Max = in.f32();
-    h.mood = in.i8();
-    h.measurements.fill(0.0f);
-    if (withMeasurements)
-        for (float& m : h.measurements)
-            m = in.f32();
-    h.variables.resize(in.count(MinVariableUseSize));
-    for (VariableUse& u : h.variables) {
-        u.variable = in.i32();
-        u.text = in.text();
-        u.number = in.f32();
-        u.time = readSignedTime(in);
-    }
+    readHealthRecord(in, h, withMeasurements, readSignedTime);
 }
 
 void writeDayValues(ArchiveWriter& out, const HealthEntry& h)
 {
-    writeSignedTime(out, h.wakeTime);
-    for (float v : {h.height, h.weight, h.systolic, h.diastolic, h.sleep, h.pulse, h.bodyFat, h.bmi,
-                    h.temperature, h.vo2Max})
-        out.f32(v);
-    out.i8(h.mood);
-    for (float m : h.measurements)
-        out.f32(m);
-    out.count(h.variables.size());
-    for (const VariableUse& u : h.variables) {
-        out.i32(u.variable);
-        out.text(u.text);
-        out.f32(u.number);
-        writeSignedTime(out, u.time);
-    }
+    writeHealthRecord(out, h, writeSignedTime);
 }
 
 void readMeals(ArchiveReader& in, std::vector<Meal>& meals)

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/DefinitionRecords.h"
+#include "model/HealthRecord.h"
 
 namespace velmora::model {
 
@@ -10,7 +11,6 @@ namespace {
 
 // Smallest possible size of each record, for checking counts against the bytes left.
 constexpr std::size_t MinCustomFoodSize = 4 + 4 + 1 + 4 + StoredNutrientCount * 4;
-constexpr std::size_t MinVariableUseSize = 4 + 1 + 4 + 4;
 constexpr std::size_t MinHealthSize = 4 + 10 * 4 + 1 + MeasurementCount * 4 + 4;
 constexpr std::size_t MinDaySize = 4 + MinHealthSize + 4 + 4 + NoteCategoryCount;
 constexpr std::size_t MinMealSize = 4 + 1 + 4;
@@ -56,53 +56,12 @@ void readWorkout(ArchiveReader& in, WorkoutEntry& w)
 
 void readHealthEntry(ArchiveReader& in, HealthEntry& h)
 {
-    h.wakeTime = in.time();
-    h.height = in.f32();
-    h.weight = in.f32();
-    h.systolic = in.f32();
-    h.diastolic = in.f32();
-    h.sleep = in.f32();
-    h.pulse = in.f32();
-    h.bodyFat = in.f32();
-    h.bmi = in.f32();
-    h.temperature = in.f32(); // temperature is stored before VO2 max
-    h.vo2Max = in.f32();
-    h.mood = in.i8();
-    for (float& m : h.measurements)
-        m = in.f32();
-    const std::size_t uses = in.count(MinVariableUseSize);
-    h.variables.resize(uses);
-    for (VariableUse& u : h.variables) {
-        u.variable = in.i32();
-        u.text = in.text();
-        u.number = in.f32();
-        u.time = in.time();
-    }
+    readHealthRecord(in, h, true, [](ArchiveReader& r) { return r.time(); });
 }
 
 void writeHealthEntry(ArchiveWriter& out, const HealthEntry& h)
 {
-    out.time(h.wakeTime);
-    out.f32(h.height);
-    out.f32(h.weight);
-    out.f32(h.systolic);
-    out.f32(h.diastolic);
-    out.f32(h.sleep);
-    out.f32(h.pulse);
-    out.f32(h.bodyFat);
-    out.f32(h.bmi);
-    out.f32(h.temperature);
-    out.f32(h.vo2Max);
-    out.i8(h.mood);
-    for (float m : h.measurements)
-        out.f32(m);
-    out.count(h.variables.size());
-    for (const VariableUse& u : h.variables) {
-        out.i32(u.variable);
-        out.text(u.text);
-        out.f32(u.number);
-        out.time(u.time);
-    }
+    writeHealthRecord(out, h, [](ArchiveWriter& w, TimeT t) { w.time(t); });
 }
 
 void readJournalDay(ArchiveReader& in, JournalDay& day)
