@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include <cstdio>
+#include <future>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -13,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontMetrics>
 #include <QLocale>
 #include <QPalette>
 #include <QStandardPaths>
@@ -128,10 +130,15 @@ void Application::applyStyle()
     p.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x9a, 0xa3, 0xa1));
     p.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0x9a, 0xa3, 0xa1));
     QApplication::setPalette(p);
+    // The tool bar, the page buttons and the status bar have a style sheet of their own, which
+    // the main window sets on them.
+}
 
-    QFile sheet(QStringLiteral(":/velmora/style.qss"));
-    if (sheet.open(QIODevice::ReadOnly))
-        qApp->setStyleSheet(QString::fromUtf8(sheet.readAll()));
+void Application::prepareFonts()
+{
+    // The first measured text sets up the font database: that is most of the work of making
+    // the first widget.
+    (void)QFontMetrics(QApplication::font()).horizontalAdvance(QStringLiteral("Velmora"));
 }
 
 Application::Application(Options options, QObject* parent)
@@ -150,9 +157,14 @@ bool Application::start()
     m_store.files().setFileSystem(files);
     if (!takeFolder())
         return false;
-    m_report = m_store.load();
-
+    // The files are read on a second thread while this one sets up the style and the fonts,
+    // which the window needs anyway and which take about as long. Nothing touches the store
+    // until the load is done.
+    std::future<model::Store::LoadReport> loading =
+        std::async(std::launch::async, [this] { return m_store.load(); });
     applyStyle();
+    prepareFonts();
+    m_report = loading.get();
     m_window = std::make_unique<MainWindow>(m_store);
     // A session that cannot save (a read-only folder, files that cannot be written or read, no
     // food database) remembers what it loaded, refuses edits and says so in the window.

@@ -50,8 +50,10 @@ public:
     // them the same way), with the platform's per-user and installed data folders.
     static Paths resolvePaths(const QString& dataDirOption, const QString& foodsOption = QString(),
                               model::FileSystem& files = model::realFileSystem());
-    // Fusion with a calm palette, one accent colour and the style sheet of the resources.
+    // Fusion with a calm palette and one accent colour.
     static void applyStyle();
+    // Sets up the font database ahead of the first widget.
+    static void prepareFonts();
 
     explicit Application(Options options, QObject* parent = nullptr);
     ~Application() override;

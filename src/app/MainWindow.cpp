@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
 #include <QLabel>
 #include <QMenuBar>
 #include <QSplitter>
@@ -82,6 +83,7 @@ MainWindow::MainWindow(model::Store& store, QWidget* parent)
 
     createActions();
     statusBar()->showMessage(QString());
+    applyShellStyle();
     connect(m_left, &LeftForm::pageRequested, this, [this](ui::PageId page) {
         showPage(page);
         showStatus(QString());
@@ -94,6 +96,19 @@ MainWindow::MainWindow(model::Store& store, QWidget* parent)
 }
 
 MainWindow::~MainWindow() = default;
+
+void MainWindow::applyShellStyle()
+{
+    // The sheet is set on the three widgets it styles, not on the whole application: a sheet on
+    // the application makes every widget of every page slower to create and to lay out.
+    QFile file(QStringLiteral(":/velmora/style.qss"));
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    const QString sheet = QString::fromUtf8(file.readAll());
+    const QList<QWidget*> styled{m_toolBar, m_left, statusBar()};
+    for (QWidget* widget : styled)
+        widget->setStyleSheet(sheet);
+}
 
 QAction* MainWindow::addCommand(const QString& text, const QString& icon, const QKeySequence& key,
                                 const QString& tip)
@@ -140,7 +155,7 @@ void MainWindow::createActions()
         showFoodOnPage(m_host->page(ui::PageId::Food), food);
     });
 
-    QToolBar* bar = addToolBar(QStringLiteral("Tools"));
+    QToolBar* bar = m_toolBar = addToolBar(QStringLiteral("Tools"));
     bar->setObjectName(QStringLiteral("toolBar"));
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);

@@ -11,6 +11,7 @@
 class QAction;
 class QLabel;
 class QTimer;
+class QToolBar;
 
 namespace velmora::app {
 
@@ -71,12 +72,14 @@ protected:
 
 private:
     void createActions();
+    void applyShellStyle();
     QAction* addCommand(const QString& text, const QString& icon, const QKeySequence& key,
                         const QString& tip);
 
     model::Store& m_store;
     std::unique_ptr<UserSession> m_session;
     LeftForm* m_left = nullptr;
+    QToolBar* m_toolBar = nullptr;
     PageHost* m_host = nullptr;
     // Saves what changed: the current page stores its values first. Returns false when a file
     // could not be written.

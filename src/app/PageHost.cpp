@@ -20,20 +20,18 @@ PageHost::PageHost(ui::AppContext& context, QWidget* parent) : QWidget(parent), 
     layout->setContentsMargins(0, 0, 0, 0);
     m_stack = new QStackedWidget(this);
     layout->addWidget(m_stack);
-    for (QScrollArea*& scroll : m_scrolls) {
-        // Pages larger than the window scroll.
-        scroll = new QScrollArea(m_stack);
-        scroll->setWidgetResizable(true);
-        scroll->setFrameShape(QFrame::NoFrame);
-        m_stack->addWidget(scroll);
-    }
 }
 
 ui::Page* PageHost::page(ui::PageId id)
 {
     ui::Page*& page = m_pages[slot(id)];
     if (!page) {
-        QScrollArea* scroll = m_scrolls[slot(id)];
+        // Pages larger than the window scroll; the scroll area is made with its page.
+        auto* scroll = new QScrollArea(m_stack);
+        scroll->setWidgetResizable(true);
+        scroll->setFrameShape(QFrame::NoFrame);
+        m_stack->addWidget(scroll);
+        m_scrolls[slot(id)] = scroll;
         page = createPage(id, m_context, scroll);
         scroll->setWidget(page);
         if (m_refreshed)
@@ -45,7 +43,7 @@ ui::Page* PageHost::page(ui::PageId id)
 void PageHost::showPage(ui::PageId id)
 {
     ui::Page* shown = page(id);
-    m_stack->setCurrentIndex(ui::pageIndex(id));
+    m_stack->setCurrentWidget(m_scrolls[slot(id)]);
     m_current = id;
     shown->setFocus(Qt::OtherFocusReason);
 }

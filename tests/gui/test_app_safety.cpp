@@ -489,6 +489,10 @@ private slots:
         for (QDateEdit* edit : pickers) {
             QCOMPARE(edit->minimumDate(), first);
             QCOMPARE(edit->maximumDate(), QDate(2106, 2, 6));
+            // and each shows the widest of them whole, though its first and last are narrower
+            edit->setDate(QDate(2026, 12, 28));
+            const auto* line = edit->findChild<QLineEdit*>();
+            QVERIFY(line->fontMetrics().horizontalAdvance(line->text()) < line->width() - 4);
         }
         // Typed on the food page, 12/31/1969 does not get in.
         app.window()->showPage(PageId::Food);
