@@ -53,6 +53,20 @@ float ArchiveReader::f32()
     return std::bit_cast<float>(load32(take(4, "a 32-bit float")));
 }
 
+void ArchiveReader::f32s(std::span<float> values)
+{
+    if (values.size() > remaining() / 4) {
+        for (float& v : values)
+            v = f32(); // stops with the error of the first float that is cut off
+        return;
+    }
+    const std::uint8_t* p = take(values.size() * 4, "32-bit floats");
+    for (float& v : values) {
+        v = std::bit_cast<float>(load32(p));
+        p += 4;
+    }
+}
+
 double ArchiveReader::f64()
 {
     const std::uint8_t* p = take(8, "a 64-bit float");

@@ -48,6 +48,8 @@ public:
     std::int32_t i32();
     std::uint32_t u32();
     float f32();
+    // Fills values with consecutive 32-bit floats; fails where f32() one by one would fail.
+    void f32s(std::span<float> values);
     double f64();
     TimeT time() { return static_cast<TimeT>(u32()); }
     // A text of 8-bit bytes kept as they are stored (Windows-1252 in this system's files).

@@ -19,14 +19,12 @@ constexpr std::size_t MinCatalogueEntrySize = 4 + 1 + 1;
 constexpr std::size_t MinGroupSize = 4 + 1;
 constexpr std::size_t IntakeSize = 4 + LifeStageGroupCount * 8;
 
-FoodItem readFood(ArchiveReader& in)
+void readFood(ArchiveReader& in, FoodItem& food)
 {
-    FoodItem food;
     food.number = in.i32();
     food.group = in.i32();
     food.name = in.text();
-    for (auto& v : food.values)
-        v = in.f32();
+    in.f32s(food.values);
     const std::size_t measures = in.count(MinMeasureSize, true);
     food.measures.reserve(measures);
     for (std::size_t i = 0; i < measures; ++i) {
@@ -35,7 +33,6 @@ FoodItem readFood(ArchiveReader& in)
         m.description = in.text();
         food.measures.push_back(std::move(m));
     }
-    return food;
 }
 
 } // namespace
@@ -48,7 +45,7 @@ void FoodDatabase::readFrom(ArchiveReader& in, FoodDatabase& db)
         std::vector<FoodItem> foods;
         foods.reserve(count);
         for (std::size_t i = 0; i < count; ++i)
-            foods.push_back(readFood(in));
+            readFood(in, foods.emplace_back());
         // Taken over whole rather than food by food, so that the foods are never held twice.
         const std::size_t first = db.m_foods.size();
         if (first == 0)
