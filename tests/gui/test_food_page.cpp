@@ -342,9 +342,9 @@ private slots:
         QCOMPARE(chooser()->foodList()->count(), 0);
         QVERIFY(chooser()->searchBox()->isEnabled());
         // A box of blanks lists every custom food and every food of the chosen group.
-        chooser()->searchBox()->setText(QStringLiteral("   "));
-        chooser()->groupList()->setCurrentIndex(chooser()->groupList()->findData(900));
-        chooser()->search();
+        test::retype(chooser()->searchBox(), QStringLiteral("   "));
+        test::chooseItem(chooser()->groupList(), chooser()->groupList()->findData(900));
+        test::click(chooser()->searchButton());
         QCOMPARE(chooser()->foodList()->count(), 2);
         QCOMPARE(chooser()->foodList()->item(1)->text(), QStringLiteral("Apples, raw, with skin"));
         test::click(chooser()->addButton()); // the custom food, in servings
