@@ -390,20 +390,12 @@ private slots:
         QCOMPARE(app.store().shared.userNames.size(), std::size_t{2});
     }
 
-    void datePickersOfferOnlyDatesTheFilesCanHold_data()
-    {
-        QTest::addColumn<QByteArray>("zone");
-        QTest::addColumn<QDate>("first");
-        QTest::newRow("UTC") << QByteArray("UTC") << QDate(1970, 1, 1);
-        QTest::newRow("Tokyo") << QByteArray("Asia/Tokyo") << QDate(1970, 1, 2);
-    }
-
+    // The first and last dates in other time zones are the core's; in UTC they are known here.
     void datePickersOfferOnlyDatesTheFilesCanHold()
     {
-        QFETCH(QByteArray, zone);
-        QFETCH(QDate, first);
+        const QDate first(1970, 1, 1);
         const QByteArray previous = qgetenv("TZ");
-        qputenv("TZ", zone);
+        qputenv("TZ", "UTC");
         readZone();
         QTemporaryDir dir;
         annaAndBert(dir, 1);
