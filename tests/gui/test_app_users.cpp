@@ -111,44 +111,20 @@ private slots:
         std::filesystem::remove(*zoeFile);
     }
 
-    void duplicateNameIsRefusedAndTheDialogStaysOpen()
+    // A name refused in "New User" keeps the dialog open with what was typed (see the names that
+    // cannot be file names in test_app_safety); skipping the setup then writes nothing.
+    void skippingTheSetupWritesNothing()
     {
         QTemporaryDir dir;
         test::writeSmallFoods(dir.path());
-        bool stillOpen = false;
-        QString typed;
         ModalScript script;
-        script
-            .expect(QStringLiteral("Initial Setup"),
-                    [](QWidget* w) { click(w, QStringLiteral("Next >>")); })
-            .expect(QStringLiteral("New User"),
-                    [](QWidget* w) {
-                        // Equal to the example user once its first letter is upper-cased.
-                        test::retype(w->findChild<QLineEdit*>(QStringLiteral("userName")),
-                                     QStringLiteral("example User"));
-                        click(w, QStringLiteral("OK"));
-                    })
-            .expect(QStringLiteral("Velmora"), [](QWidget* w) { click(w, QStringLiteral("OK")); })
-            .expect(QStringLiteral("New User"),
-                    [&](QWidget* w) {
-                        stillOpen = w->isVisible();
-                        typed = w->findChild<QLineEdit*>(QStringLiteral("userName"))->text();
-                        click(w, QStringLiteral("Cancel"));
-                    })
-            .expect(QStringLiteral("Initial Setup"),
-                    [](QWidget* w) { click(w, QStringLiteral("Skip")); });
-
+        script.expect(QStringLiteral("Initial Setup"),
+                      [](QWidget* w) { click(w, QStringLiteral("Skip")); });
         app::Application app(test::appOptions(dir.path(), true));
         QVERIFY(app.start());
         QVERIFY(script.finished());
         QCOMPARE(script.unexpected(), QStringList());
-        QCOMPARE(
-            script.messages(),
-            QStringList{QStringLiteral("This user name is already taken.  Choose a unique name.")});
-        QVERIFY(stillOpen);
-        QCOMPARE(typed, QStringLiteral("example User"));
         QCOMPARE(names(app), std::vector<std::string>{"Example User"});
-        QCOMPARE(int(app.store().shared.currentUser), 0);
         QCOMPARE(app.window()->session().saveCount(), 0);
         QVERIFY(!QFile::exists(fileIn(dir, QStringLiteral("velmora.db"))));
     }
@@ -163,7 +139,6 @@ private slots:
         QTest::newRow("lower-case first letter")
             << QStringLiteral("example User") << false << true << false;
         QTest::newRow("all capitals") << QStringLiteral("EXAMPLE USER") << true << false << false;
-        QTest::newRow("small letters") << QStringLiteral("example user") << true << false << false;
         QTest::newRow("one letter more")
             << QStringLiteral("Example Users") << true << false << true;
         // The file-name rules themselves are the core's; one stands for them here.
@@ -210,9 +185,6 @@ private slots:
         const QString problem = session.newNameProblem(QStringLiteral("One Too Many"));
         QVERIFY(problem.contains(QStringLiteral("255")));
         QVERIFY(!app::UserSession::isDuplicate(problem));
-        // The 255 names survive a save and a reload.
-        app.window()->close();
-        QCOMPARE(readShared(dir).userNames.size(), std::size_t{255});
     }
 
     void loginToTheCurrentUserSavesNothingAndToAnotherSavesAndLoads()

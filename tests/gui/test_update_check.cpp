@@ -135,8 +135,6 @@ private slots:
         QTest::newRow("131.5 offers the update") << QByteArray("131.5\n") << 1 << QList<int>{};
         QTest::newRow("131 is the latest")
             << QByteArray("131") << 0 << QList<int>{ui::MsgLatestVersion};
-        QTest::newRow("text is not newer")
-            << QByteArray("version unknown") << 0 << QList<int>{ui::MsgLatestVersion};
     }
 
     void checkAgainstLocalServer()

@@ -162,12 +162,6 @@ TEST(SyncImport, KeepsADatedCopyThenReplacesTheDesktopRecords)
 }
 
 // "Sync" reads only the export choice: unchecked, also when neither choice is checked, imports.
-TEST(SyncButton, OnlyTheExportChoiceMakesAnExport)
-{
-    EXPECT_EQ(chosenDirection(false), SyncDirection::Import);
-    EXPECT_EQ(chosenDirection(true), SyncDirection::Export);
-}
-
 // Through the files: an export onto the handheld and an import back give the desktop its records
 // again, with the days at 01:00; the handheld keeps its users, header and profile settings.
 TEST(SyncExport, ExportThenImportThroughTheFolder)
