@@ -11,6 +11,7 @@
 #include <QCommandLineParser>
 #include <QSessionManager>
 #include <QDateTime>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -199,13 +200,16 @@ bool Application::start()
 
     if (!m_options.startupDialogs)
         return true;
+    // A signal to end while one of these dialogs is open closes the window and leaves every
+    // event loop: no later dialog is shown then, and run() does not start the main loop.
     reportLoadProblems();
-    if (update::TipDialog::showAtStartUp()) {
+    if (!m_ended && update::TipDialog::showAtStartUp()) {
         update::TipDialog tips(m_window.get());
         if (tips.hasTips())
             tips.exec();
     }
-    if (!m_window->session().readOnlySession() && m_store.shared.userNames.size() < 2) {
+    if (!m_ended && !m_window->session().readOnlySession() &&
+        m_store.shared.userNames.size() < 2) {
         InitialSetupDialog setup(m_window->session(), *m_window, m_window.get());
         setup.exec();
     }
@@ -259,8 +263,23 @@ bool Application::takeFolder()
 void Application::endInOrder()
 {
     // Closing saves, and asks before losing anything when the save fails.
-    if (!m_window || m_window->close())
-        QCoreApplication::quit();
+    if (m_window && !m_window->close())
+        return;
+    m_ended = true;
+    // A dialog still open (a start-up dialog, or one the user left open) is cancelled so that its
+    // loop ends. quit() ends the main loop; before that loop runs it does nothing, and run() then
+    // does not start it.
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QDialog*>(window);
+        if (dialog && dialog->isVisible())
+            dialog->reject();
+    }
+    QCoreApplication::quit();
+}
+
+int Application::run()
+{
+    return m_ended ? 0 : QApplication::exec();
 }
 
 void Application::reportLoadProblems()

@@ -62,6 +62,9 @@ public:
     // agrees), loads the store, shows the main window, then the tip of the day and the Initial
     // Setup dialog as needed. False when the program cannot start or the user chose not to.
     bool start();
+    // The event loop of the program, after start(); returns at once when a signal ended the
+    // program during start(). The exit code.
+    int run();
 
     model::Store& store() { return m_store; }
     MainWindow* window() const { return m_window.get(); }
@@ -81,6 +84,7 @@ private:
     Options m_options;
     Paths m_paths;
     model::FolderLock m_lock;
+    bool m_ended = false; // ended in order: the window closed and saved, every loop left
     QString m_lockNote; // for the status bar: a lock taken over from a program that did not end
     model::Store m_store;
     model::Store::LoadReport m_report;

@@ -12,5 +12,5 @@ int main(int argc, char* argv[])
         velmora::app::Application::parseArguments(QCoreApplication::arguments()));
     if (!app.start())
         return 1;
-    return QApplication::exec();
+    return app.run();
 }

@@ -312,6 +312,36 @@ private slots:
         QCOMPARE(daysIn(dir, QStringLiteral("Anna.db")), std::size_t{11});
     }
 
+    // At a first start the signal comes while Initial Setup is open: the example user is saved
+    // and the program ends instead of going on with an empty event loop.
+    void aSignalDuringAStartUpDialogSavesAndEnds()
+    {
+#if !defined(Q_OS_UNIX)
+        QSKIP("signals end a program in order only where it has a self-pipe");
+#endif
+        QTemporaryDir dir;
+        test::writeSmallFoods(dir.path());
+        test::ModalScript script;
+        script.expect(QStringLiteral("Initial Setup"),
+                      [](QWidget*) { QCOMPARE(std::raise(SIGTERM), 0); });
+        app::Application app(test::appOptions(dir.path(), true));
+        QVERIFY(app.start());
+        QVERIFY(script.finished());
+        QCOMPARE(script.unexpected(), QStringList());
+        QVERIFY(!app.window()->isVisible());
+        QVERIFY(QFile::exists(QDir(dir.path()).filePath(QStringLiteral("Example User.db"))));
+        bool loopRan = false;
+        QTimer guard;
+        guard.setSingleShot(true);
+        connect(&guard, &QTimer::timeout, this, [&] {
+            loopRan = true;
+            QCoreApplication::quit();
+        });
+        guard.start(3000);
+        QCOMPARE(app.run(), 0);
+        QVERIFY(!loopRan);
+    }
+
     void aChangeIsSavedWhileADialogIsOpen()
     {
         QTemporaryDir dir;
