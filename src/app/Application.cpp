@@ -135,12 +135,16 @@ void Application::applyStyle()
     // the main window sets on them.
 }
 
-void Application::prepareFonts()
+namespace {
+
+// The first measured text sets up the font database: that is most of the work of making the
+// first widget.
+void prepareFonts()
 {
-    // The first measured text sets up the font database: that is most of the work of making
-    // the first widget.
     (void)QFontMetrics(QApplication::font()).horizontalAdvance(QStringLiteral("Velmora"));
 }
+
+} // namespace
 
 Application::Application(Options options, QObject* parent)
     : QObject(parent), m_options(std::move(options))

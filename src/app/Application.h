@@ -52,8 +52,6 @@ public:
                               model::FileSystem& files = model::realFileSystem());
     // Fusion with a calm palette and one accent colour.
     static void applyStyle();
-    // Sets up the font database ahead of the first widget.
-    static void prepareFonts();
 
     explicit Application(Options options, QObject* parent = nullptr);
     ~Application() override;
