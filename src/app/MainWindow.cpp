@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "app/LeftForm.h"
+#include "app/Modules.h"
 #include "app/OptionsDialog.h"
 #include "ui/Page.h"
 #include "ui/QtText.h"
@@ -27,7 +28,6 @@
 #include "update/Help.h"
 #include "ui/Messages.h"
 #include "update/TipDialog.h"
-#include "update/UpdateChecker.h"
 
 namespace velmora::app {
 
@@ -374,8 +374,7 @@ void MainWindow::options()
 
 void MainWindow::checkForUpdates()
 {
-    update::UpdateChecker checker;
-    if (checker.run(this) == update::UpdateChecker::Outcome::UpdaterStarted)
+    if (app::checkForUpdates(this))
         QTimer::singleShot(0, this, &QWidget::close);
 }
 

@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "analysis/DietGoalsDialog.h"
-#include "analysis/GraphsPage.h"
+#include "app/Modules.h"
 #include "export-ui/ExportDialog.h"
 #include "export-ui/HealthImportDialog.h"
 #include "ui/AppContext.h"
@@ -36,7 +36,7 @@ ui::Page* createPage(ui::PageId id, ui::AppContext& context, QWidget* parent)
     case ui::PageId::FitnessLog:
         return new fitness::FitnessLogPage(context, parent);
     case ui::PageId::Graphs:
-        return new analysis::GraphsPage(context, parent);
+        return createGraphsPage(context, parent);
     }
     return nullptr;
 }

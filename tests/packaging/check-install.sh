@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Checks the manual page against the console tool's own help, then installs the build into a
-# temporary prefix and checks the installed tree: programs, data, menu entry, icons, metainfo.
+# temporary prefix and checks the installed tree: programs, modules, data, menu entry, icons,
+# metainfo.
 set -euo pipefail
 build="$1" cli="$2" man="$3"
 status=0
@@ -29,5 +30,15 @@ done
 if [ -e "$build/bin/foods.db" ]; then
     cmp -s "$build/bin/foods.db" "$prefix/share/velmora/foods.db" || complain "foods.db not installed"
 fi
+# The modules the program loads on first use lie in lib/velmora, and the program exports every
+# symbol of ours that they call: a missing one would only show when the user opens the page.
+for module in "$build"/bin/velmora-*.so; do
+    [ -e "$module" ] || continue
+    name="$(basename "$module")"
+    [ -e "$prefix/lib/velmora/$name" ] || complain "not installed: lib/velmora/$name"
+    missing=$(comm -23 <(nm -D --undefined-only "$module" | awk '$2 ~ /7velmora/ {print $2}' | sort -u) \
+                       <(nm -D --defined-only "$prefix/bin/velmora" | awk '{print $3}' | sort -u))
+    [ -z "$missing" ] || complain "$name calls what the program does not export: $missing"
+done
 "$prefix/bin/velmora-cli" --help >/dev/null || complain "the installed velmora-cli does not start"
 exit $status
