@@ -34,10 +34,6 @@
 namespace velmora::food {
 
 namespace {
-QDate toQDate(const model::CalendarDate& d)
-{
-    return QDate(d.year, d.month, d.day);
-}
 model::CalendarDate fromQDate(const QDate& d)
 {
     return {d.year(), d.month(), d.day()};
@@ -182,14 +178,6 @@ model::CalendarDate FoodPage::currentDate() const
 int FoodPage::currentMealKind() const
 {
     return std::max(0, m_meals->currentIndex());
-}
-void FoodPage::setCurrentDate(const model::CalendarDate& date)
-{
-    m_date->setDate(toQDate(date));
-}
-void FoodPage::setCurrentMealKind(int kind)
-{
-    m_meals->setCurrentIndex(kind);
 }
 
 const model::Meal* FoodPage::currentMeal() const

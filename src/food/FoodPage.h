@@ -42,8 +42,6 @@ public:
     // The date and meal the page shows.
     model::CalendarDate currentDate() const;
     int currentMealKind() const;
-    void setCurrentDate(const model::CalendarDate& date);
-    void setCurrentMealKind(int kind);
 
     // Adds the chosen amount of the selected food to the current meal (what "&Add >>" does).
     void addSelectedFood();

@@ -19,6 +19,7 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeEdit>
 #include <QTimer>
 #include <QTreeWidget>
 #include <QWidget>
@@ -170,17 +171,49 @@ inline void editCell(QTableWidget* table, int row, int column, const QString& te
     QTRY_VERIFY(open.isNull() || !open->isVisible());
 }
 
-// Types a date into a date edit as a user does: the first section chosen with the keyboard, then
-// the digits, each section moving on to the next once full.
-inline void typeDate(QDateEdit* edit, QDate date)
+// Sets a date or a time with the keyboard as a user does: Home goes to the first section, Up and
+// Down step each section to its value and Tab moves on to the next one. (Typed digits are read
+// differently with each display format; the arrow keys are not.)
+inline int sectionValue(const QDateTime& v, QDateTimeEdit::Section section)
+{
+    switch (section) {
+    case QDateTimeEdit::YearSection: return v.date().year();
+    case QDateTimeEdit::MonthSection: return v.date().month();
+    case QDateTimeEdit::DaySection: return v.date().day();
+    case QDateTimeEdit::HourSection: return v.time().hour();
+    case QDateTimeEdit::MinuteSection: return v.time().minute();
+    case QDateTimeEdit::AmPmSection: return v.time().hour() / 12;
+    default: return v.time().second();
+    }
+}
+inline void enterDateTime(QDateTimeEdit* edit, const QDateTime& target)
 {
     QVERIFY(edit != nullptr);
     edit->setFocus();
-    QTest::keyClick(edit, Qt::Key_Home);
-    QTest::keyClick(edit, Qt::Key_Right, Qt::ShiftModifier);
-    QTest::keyClick(edit, Qt::Key_Right, Qt::ShiftModifier);
-    QTest::keyClicks(edit, date.toString(edit->displayFormat()).remove(QLatin1Char('/')));
-    QCOMPARE(edit->date(), date);
+    // A second pass mends a day that a shorter month cut back on the way.
+    for (int pass = 0; pass < 2 && edit->dateTime() != target; ++pass) {
+        QTest::keyClick(edit, Qt::Key_Home);
+        for (int i = 0; i < edit->sectionCount(); ++i) {
+            const QDateTimeEdit::Section section = edit->sectionAt(i);
+            for (int n = 0; n < 1000; ++n) {
+                const int have = sectionValue(edit->dateTime(), section);
+                const int want = sectionValue(target, section);
+                if (have == want)
+                    break;
+                QTest::keyClick(edit, have > want ? Qt::Key_Down : Qt::Key_Up);
+            }
+            QTest::keyClick(edit, Qt::Key_Tab);
+        }
+    }
+    QCOMPARE(edit->dateTime(), target);
+}
+inline void enterDate(QDateEdit* edit, QDate date)
+{
+    enterDateTime(edit, QDateTime(date, edit->time()));
+}
+inline void enterTime(QTimeEdit* edit, QTime time)
+{
+    enterDateTime(edit, QDateTime(edit->date(), time));
 }
 
 // Clicks an item where the user sees it: on its rectangle in the view's viewport.

@@ -25,6 +25,7 @@
 #include "model/UserDatabase.h"
 #include "support/TestFileSystems.h"
 #include "test_app_support.h"
+#include "GuiTestSupport.h"
 #include "ui/PageId.h"
 
 using namespace velmora;
@@ -442,7 +443,7 @@ private slots:
             QCOMPARE(edit->minimumDate(), first);
             QCOMPARE(edit->maximumDate(), QDate(2106, 2, 6));
             // and each shows the widest of them whole, though its first and last are narrower
-            edit->setDate(QDate(2026, 12, 28));
+            test::enterDate(edit, QDate(2026, 12, 28));
             const auto* line = edit->findChild<QLineEdit*>();
             QVERIFY(line->fontMetrics().horizontalAdvance(line->text()) < line->width() - 4);
         }

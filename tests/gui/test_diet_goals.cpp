@@ -221,8 +221,8 @@ private slots:
         test::onNextModal([&](QWidget* planner) {
             QCOMPARE(planner->windowTitle(), QStringLiteral("Diet Planner"));
             auto* planText = child<QLabel>(planner, "planText");
-            test::typeDate(child<QDateEdit>(planner, "startDate"), first);
-            test::typeDate(child<QDateEdit>(planner, "endDate"), first);
+            test::enterDate(child<QDateEdit>(planner, "startDate"), first);
+            test::enterDate(child<QDateEdit>(planner, "endDate"), first);
             retype(child<QLineEdit>(planner, "startWeight"), start);
             retype(child<QLineEdit>(planner, "endWeight"), end);
             // Same day: refused with the message, the prompt stays.
@@ -233,7 +233,7 @@ private slots:
             clickButton(planner, QStringLiteral("Calculate Diet"));
             QVERIFY(planText->text().startsWith(QStringLiteral("Press the calculate button")));
 
-            test::typeDate(child<QDateEdit>(planner, "endDate"), first.addDays(days));
+            test::enterDate(child<QDateEdit>(planner, "endDate"), first.addDays(days));
             clickButton(planner, QStringLiteral("Calculate Diet"));
             shownPlan = planText->text();
             shownDifficulty = child<QLabel>(planner, "difficultyText")->text();
@@ -342,8 +342,8 @@ private slots:
         test::clickRadio(&dialog, ChangeWeight);
         QString measuredText;
         test::onNextModal([&](QWidget* planner) {
-            test::typeDate(child<QDateEdit>(planner, "startDate"), QDate(2026, 6, 1));
-            test::typeDate(child<QDateEdit>(planner, "endDate"), QDate(2026, 8, 10));
+            test::enterDate(child<QDateEdit>(planner, "startDate"), QDate(2026, 6, 1));
+            test::enterDate(child<QDateEdit>(planner, "endDate"), QDate(2026, 8, 10));
             retype(child<QLineEdit>(planner, "startWeight"), QStringLiteral("176"));
             retype(child<QLineEdit>(planner, "endWeight"), QStringLiteral("166"));
             clickButton(planner, QStringLiteral("Calculate Diet"));

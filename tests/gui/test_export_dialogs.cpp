@@ -76,18 +76,13 @@ model::CalendarDate dateOf(const model::Store& store, std::size_t day)
     return model::CalendarDate::fromTime(store.journal.days[day].date);
 }
 
+QDate toQDate(const model::CalendarDate& d)
+{
+    return QDate(d.year, d.month, d.day);
+}
 QString isoText(const model::CalendarDate& d)
 {
-    return QDate(d.year, d.month, d.day).toString(Qt::ISODate);
-}
-
-// Types a date into a date picker in its own display format.
-void typeDate(QDateEdit* edit, const model::CalendarDate& d)
-{
-    edit->setFocus();
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(edit, QDate(d.year, d.month, d.day).toString(edit->displayFormat()));
-    QTest::keyClick(edit, Qt::Key_Tab);
+    return toQDate(d).toString(Qt::ISODate);
 }
 
 template <class T> T* child(QWidget& parent, const char* name)
@@ -217,8 +212,8 @@ private slots:
         retype(child<QLineEdit>(dialog, "folderPath"), qPath(folder));
         if (someDays) {
             click(child<QRadioButton>(dialog, "someDays"));
-            typeDate(child<QDateEdit>(dialog, "fromDate"), dateOf(store, 2));
-            typeDate(child<QDateEdit>(dialog, "toDate"), dateOf(store, 5));
+            test::enterDate(child<QDateEdit>(dialog, "fromDate"), toQDate(dateOf(store, 2)));
+            test::enterDate(child<QDateEdit>(dialog, "toDate"), toQDate(dateOf(store, 5)));
         }
         if (json)
             click(child<QRadioButton>(dialog, "json"));

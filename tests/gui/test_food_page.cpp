@@ -18,6 +18,7 @@
 #include "food/FoodPage.h"
 #include "food/MacroPanel.h"
 #include "food/logic/MealEditing.h"
+#include "model/Clock.h"
 #include "test_app_support.h"
 #include "ui/Messages.h"
 #include "GuiTestSupport.h"
@@ -95,8 +96,8 @@ private:
         model::Meal& meal = food::mealForAdding(m_context->m_store.journal, {2026, 3, 14}, kind, 0);
         for (auto [food, amount] : entries)
             food::addToMeal(meal, food, amount);
-        m_page->setCurrentMealKind(kind);
         m_page->refreshPage();
+        test::chooseItem(m_page->mealChoice(), kind);
     }
     // Clicks a list mode's radio button on its box, which may be narrower than the button.
     void chooseMode(food::FoodListMode mode)
@@ -111,6 +112,7 @@ private:
     }
 
     QTemporaryDir m_settings;
+    std::unique_ptr<model::FixedClock> m_clock;
     std::unique_ptr<test::TestContext> m_context;
     std::unique_ptr<food::FoodPage> m_page;
 
@@ -123,12 +125,13 @@ private slots:
 
     void init()
     {
+        m_clock = std::make_unique<model::FixedClock>(model::CalendarDate{2026, 3, 14}.toTime() +
+                                                      12 * 3600);
         m_context = std::make_unique<test::TestContext>();
         fillStore(m_context->m_store);
-        m_page = std::make_unique<food::FoodPage>(*m_context);
+        m_page = std::make_unique<food::FoodPage>(*m_context); // on the clock's day
         m_page->resize(1280, 760);
         m_page->show();
-        m_page->setCurrentDate({2026, 3, 14});
         m_page->refreshPage();
         QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
         m_page->activateWindow();
@@ -139,6 +142,7 @@ private slots:
     {
         m_page.reset();
         m_context.reset();
+        m_clock.reset();
     }
 
     void searchChooseAddRemove()
@@ -370,10 +374,10 @@ private slots:
 
     void browsingCreatesNothing()
     {
-        m_page->setCurrentMealKind(3);
-        m_page->setCurrentDate({2026, 1, 1});
+        test::chooseItem(m_page->mealChoice(), 3);
+        test::enterDate(m_page->dateEdit(), QDate(2026, 1, 1));
         QCOMPARE(m_page->timeEdit()->time(), QTime(18, 30)); // a new dinner starts at dinner time
-        m_page->timeEdit()->setTime(QTime(19, 30));
+        test::enterTime(m_page->timeEdit(), QTime(19, 30));
         QVERIFY(m_context->m_store.journal.days.empty());
         QCOMPARE(m_page->macroPanel()->pie(1)->title(), QStringLiteral("1/1/2026"));
 
@@ -384,10 +388,10 @@ private slots:
         QCOMPARE(day.meals.at(0).kind, std::uint8_t(3));
         QCOMPARE(day.meals.at(0).time, food::mealTimeOn({2026, 1, 1}, 19, 30));
         // A stored meal takes a new time at once.
-        m_page->timeEdit()->setTime(QTime(20, 0));
+        test::enterTime(m_page->timeEdit(), QTime(20, 0));
         QCOMPARE(day.meals.at(0).time, food::mealTimeOn({2026, 1, 1}, 20, 0));
         // The other meals of the day stay empty and unstored.
-        m_page->setCurrentMealKind(0);
+        test::chooseItem(m_page->mealChoice(), 0);
         QCOMPARE(m_page->mealList()->count(), 0);
         QCOMPARE(day.meals.size(), std::size_t(1));
     }
@@ -414,16 +418,16 @@ private slots:
             QCOMPARE(dialog->preview()->count(), 2);
             QCOMPARE(dialog->dateEdit()->text(),
                      QStringLiteral("3/12/2026"));           // as the page writes it
-            dialog->dateEdit()->setDate(QDate(2026, 3, 11)); // nothing that day: OK is off
+            test::enterDate(dialog->dateEdit(), QDate(2026, 3, 11)); // nothing that day: OK is off
             QVERIFY(!dialog->buttons()->button(QDialogButtonBox::Ok)->isEnabled());
-            dialog->dateEdit()->setDate(QDate(2026, 3, 12));
+            test::enterDate(dialog->dateEdit(), QDate(2026, 3, 12));
             test::click(dialog->buttons()->button(QDialogButtonBox::Ok));
         });
         test::click(m_page->copyMealButton());
         QVERIFY(script.finished());
         QCOMPARE(m_page->mealList()->count(), 2); // the 12th's apple joined the egg
 
-        m_page->setCurrentMealKind(3);
+        test::chooseItem(m_page->mealChoice(), 3);
         script.expect(QStringLiteral("Copy Day From"), [](QWidget* w) {
             auto* dialog = static_cast<food::CopyMealDialog*>(w);
             QCOMPARE(dialog->sourceDate(), (model::CalendarDate{2026, 3, 12}));
@@ -433,9 +437,9 @@ private slots:
             QTest::keyClick(dialog->dateEdit(), Qt::Key_Up); // a date without meals
             QVERIFY(!ok->isEnabled());
             // The page's own date would copy the day onto itself: refused.
-            dialog->dateEdit()->setDate(QDate(2026, 3, 14));
+            test::enterDate(dialog->dateEdit(), QDate(2026, 3, 14));
             QVERIFY(!ok->isEnabled());
-            dialog->dateEdit()->setDate(QDate(2026, 3, 9));
+            test::enterDate(dialog->dateEdit(), QDate(2026, 3, 9));
             QCOMPARE(dialog->preview()->count(), 4);
             QCOMPARE(dialog->preview()->item(0)->text(), QStringLiteral("Breakfast"));
             QCOMPARE(dialog->preview()->item(2)->text(), QStringLiteral("Dinner"));

@@ -75,13 +75,13 @@ private slots:
 
     void init()
     {
-        m_clock = std::make_unique<model::FixedClock>(model::CalendarDate{2026, 3, 14}.toTime());
+        m_clock = std::make_unique<model::FixedClock>(model::CalendarDate{2026, 3, 14}.toTime() +
+                                                      12 * 3600);
         m_context = std::make_unique<test::TestContext>();
         fillStore(m_context->m_store);
-        m_page = std::make_unique<food::FoodPage>(*m_context);
+        m_page = std::make_unique<food::FoodPage>(*m_context); // on the clock's day
         m_page->resize(1280, 760);
         m_page->show();
-        m_page->setCurrentDate({2026, 3, 14});
         m_page->refreshPage();
         QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
         m_page->activateWindow();

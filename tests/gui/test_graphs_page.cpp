@@ -70,8 +70,8 @@ class GraphsPageTest : public QObject
 
     void setRange(int fromDay, int toDay)
     {
-        test::typeDate(m_page->findChild<QDateEdit*>(QStringLiteral("from")), {2026, 3, fromDay});
-        test::typeDate(m_page->findChild<QDateEdit*>(QStringLiteral("to")), {2026, 3, toDay});
+        test::enterDate(m_page->findChild<QDateEdit*>(QStringLiteral("from")), {2026, 3, fromDay});
+        test::enterDate(m_page->findChild<QDateEdit*>(QStringLiteral("to")), {2026, 3, toDay});
     }
     QPushButton* button(const QString& text) { return test::buttonOf(m_page.get(), text); }
     QLabel* graphText() { return m_page->findChild<QLabel*>(QStringLiteral("graphText")); }
