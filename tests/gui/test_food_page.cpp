@@ -213,6 +213,7 @@ private slots:
         QVERIFY(meal->item(0)->text().endsWith(QStringLiteral("Egg, whole, raw, fresh")));
         removeRow(*m_page, 0, "No");
         QCOMPARE(meal->count(), 1);
+        QVERIFY(m_page->saveCustomButton()->isEnabled()); // one food is a meal to save
         removeRow(*m_page, 0, "Yes");
         QCOMPARE(meal->count(), 0);
         QVERIFY(store.journal.days.empty()); // the emptied meal and day are gone

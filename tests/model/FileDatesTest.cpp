@@ -66,6 +66,9 @@ TEST(FileDates, DaysThatTheFilesCannotHoldAreRefusedInEveryTimeZone)
         {"<+14>-14", {1970, 1, 2}, {2106, 2, 6}, {2038, 1, 18}},
         // Daylight saving in the southern summer, at the turn of the year.
         {"NZST-12NZDT,M9.5.0,M4.1.0/3", {1970, 1, 2}, {2106, 2, 6}, {2038, 1, 18}},
+        // Offsets at which the last day ends on the files' very last second, which it may use.
+        {"<-062816>6:28:16", {1970, 1, 1}, {2106, 2, 6}, {2038, 1, 17}},
+        {"<-031408>3:14:08", {1970, 1, 1}, {2106, 2, 6}, {2038, 1, 18}},
 #endif
     };
     const auto dayBefore = [](CalendarDate d) {

@@ -52,7 +52,12 @@ Result<FileHandle> FailingFileSystem::createNew(const fs::path& path, unsigned m
 {
     if (fails("createNew"))
         return injected();
-    return m_real.createNew(path, mode);
+    auto created = m_real.createNew(path, mode);
+    if (created) {
+        m_created[created.value()] = path;
+        m_unsynced.insert(path);
+    }
+    return created;
 }
 
 Result<std::size_t> FailingFileSystem::read(FileHandle file, std::span<std::uint8_t> buffer)
@@ -76,7 +81,10 @@ Status FailingFileSystem::sync(FileHandle file)
 {
     if (fails("sync"))
         return injected();
-    return m_real.sync(file);
+    Status synced = m_real.sync(file);
+    if (synced.ok() && m_created.count(file))
+        m_unsynced.erase(m_created[file]);
+    return synced;
 }
 
 Status FailingFileSystem::setMode(FileHandle file, unsigned mode)
@@ -95,6 +103,7 @@ Status FailingFileSystem::setOwner(FileHandle file, std::int64_t owner, std::int
 
 Status FailingFileSystem::close(FileHandle file)
 {
+    m_created.erase(file);
     if (fails("close")) {
         // The handle is gone even when closing reports an error.
         (void)m_real.close(file);
@@ -107,6 +116,8 @@ Status FailingFileSystem::rename(const fs::path& from, const fs::path& to)
 {
     if (fails("rename"))
         return injected();
+    if (m_unsynced.count(from))
+        m_renamedUnsynced.push_back(from);
     return m_real.rename(from, to);
 }
 

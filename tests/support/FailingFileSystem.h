@@ -1,7 +1,9 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "model/FileSystem.h"
 
@@ -22,6 +24,8 @@ public:
     std::string failedCall() const { return m_failedCall ? m_failedCall : ""; }
     // How many calls of each name were made.
     const std::map<std::string, int>& callsByName() const { return m_byName; }
+    // Files made with createNew that were renamed before their bytes were synced to the disk.
+    const std::vector<std::filesystem::path>& renamedUnsynced() const { return m_renamedUnsynced; }
 
     model::Result<std::filesystem::path> resolveLinks(const std::filesystem::path& path) override;
     model::Result<model::FileFacts> facts(const std::filesystem::path& path) override;
@@ -51,6 +55,9 @@ private:
     int m_calls = 0;
     const char* m_failedCall = nullptr;
     std::map<std::string, int> m_byName;
+    std::map<model::FileHandle, std::filesystem::path> m_created; // open handles of new files
+    std::set<std::filesystem::path> m_unsynced;                   // new files not synced yet
+    std::vector<std::filesystem::path> m_renamedUnsynced;
 };
 
 } // namespace velmora::test
