@@ -35,15 +35,8 @@ namespace velmora::analysis {
 
 namespace {
 
-QDate toQDate(const model::CalendarDate& d)
-{
-    return QDate(d.year, d.month, d.day);
-}
-
-model::CalendarDate fromQDate(const QDate& d)
-{
-    return model::CalendarDate{d.year(), d.month(), d.day()};
-}
+using ui::fromQDate;
+using ui::toQDate;
 
 const QColor PlanColour(0, 0, 255);
 

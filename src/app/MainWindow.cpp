@@ -15,7 +15,6 @@
 #include <QVBoxLayout>
 
 #include "app/LeftForm.h"
-#include "app/Modules.h"
 #include "app/OptionsDialog.h"
 #include "ui/Page.h"
 #include "ui/QtText.h"

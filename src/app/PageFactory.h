@@ -13,7 +13,11 @@ class Page;
 
 namespace velmora::app {
 
-// The one place where the shell meets the subsystems' pages and tool-bar dialogs.
+// The one place where the shell meets the subsystems' pages and tool-bar dialogs. The parts that
+// need a large Qt library (the graphs page with Qt Charts and Qt Print Support, the update check
+// with Qt Network) are modules loaded here on first use, so that starting the program maps none
+// of those libraries; where the program is built without loading, their code is linked in and
+// called directly.
 
 // Creates a page of the page host.
 ui::Page* createPage(ui::PageId id, ui::AppContext& context, QWidget* parent);
@@ -30,5 +34,8 @@ void openHandheldSync(ui::AppContext& context, bool tandry);
 // new values.
 void openExport(ui::AppContext& context);
 void openHealthImport(ui::AppContext& context);
+// Help > "Check for Updates"; true when the updater was started and the program should close.
+// When its module cannot be loaded, a message says so and why.
+bool checkForUpdates(QWidget* parent);
 
 } // namespace velmora::app

@@ -33,15 +33,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-QDate toQDate(const model::CalendarDate& d)
-{
-    return QDate(d.year, d.month, d.day);
-}
-
-model::CalendarDate toCalendarDate(const QDate& d)
-{
-    return model::CalendarDate{d.year(), d.month(), d.day()};
-}
+using ui::fromQDate;
+using ui::toQDate;
 
 // The first and last day of the journal that hold anything; nothing for an empty journal.
 std::optional<std::pair<model::CalendarDate, model::CalendarDate>>
@@ -230,8 +223,8 @@ std::optional<ExportOptions> ExportDialog::chosenOptions()
             ui::showMessageText(this, QStringLiteral("The end date is before the start date."));
             return std::nullopt;
         }
-        options.from = toCalendarDate(m_from->date());
-        options.to = toCalendarDate(m_to->date());
+        options.from = fromQDate(m_from->date());
+        options.to = fromQDate(m_to->date());
     }
     return options;
 }

@@ -60,8 +60,7 @@ CopyMealDialog::CopyMealDialog(ui::AppContext& context, const model::CalendarDat
 
 model::CalendarDate CopyMealDialog::sourceDate() const
 {
-    const QDate d = m_date->date();
-    return {d.year(), d.month(), d.day()};
+    return ui::fromQDate(m_date->date());
 }
 
 void CopyMealDialog::setTargetDate(const model::CalendarDate& date)

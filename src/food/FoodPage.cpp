@@ -33,12 +33,7 @@
 
 namespace velmora::food {
 
-namespace {
-model::CalendarDate fromQDate(const QDate& d)
-{
-    return {d.year(), d.month(), d.day()};
-}
-} // namespace
+using ui::fromQDate;
 
 FoodPage::FoodPage(ui::AppContext& context, QWidget* parent) : ui::Page(context, parent)
 {

@@ -21,6 +21,7 @@
 #include <QtTest>
 
 #include "GuiTestSupport.h"
+#include "ui/DateLimits.h"
 #include "app/MainWindow.h"
 #include "app/PageHost.h"
 #include "export-ui/ExportDialog.h"
@@ -76,13 +77,9 @@ model::CalendarDate dateOf(const model::Store& store, std::size_t day)
     return model::CalendarDate::fromTime(store.journal.days[day].date);
 }
 
-QDate toQDate(const model::CalendarDate& d)
-{
-    return QDate(d.year, d.month, d.day);
-}
 QString isoText(const model::CalendarDate& d)
 {
-    return toQDate(d).toString(Qt::ISODate);
+    return ui::toQDate(d).toString(Qt::ISODate);
 }
 
 template <class T> T* child(QWidget& parent, const char* name)
@@ -212,8 +209,8 @@ private slots:
         retype(child<QLineEdit>(dialog, "folderPath"), qPath(folder));
         if (someDays) {
             click(child<QRadioButton>(dialog, "someDays"));
-            test::enterDate(child<QDateEdit>(dialog, "fromDate"), toQDate(dateOf(store, 2)));
-            test::enterDate(child<QDateEdit>(dialog, "toDate"), toQDate(dateOf(store, 5)));
+            test::enterDate(child<QDateEdit>(dialog, "fromDate"), ui::toQDate(dateOf(store, 2)));
+            test::enterDate(child<QDateEdit>(dialog, "toDate"), ui::toQDate(dateOf(store, 5)));
         }
         if (json)
             click(child<QRadioButton>(dialog, "json"));
