@@ -162,15 +162,16 @@ bool Application::start()
     m_store.files().setFileSystem(files);
     if (!takeFolder())
         return false;
-    // The files are read on a second thread while this one sets up the style and the fonts,
-    // which the window needs anyway and which take about as long. Nothing touches the store
-    // until the load is done.
+    // The files are read on a second thread while this one sets up the style and the fonts and
+    // makes the window's shell, which need no records. Nothing touches the store until the load
+    // is done.
     std::future<model::Store::LoadReport> loading =
         std::async(std::launch::async, [this] { return m_store.load(); });
     applyStyle();
     prepareFonts();
-    m_report = loading.get();
     m_window = std::make_unique<MainWindow>(m_store);
+    m_report = loading.get();
+    m_window->showFirstPage();
     // A session that cannot save (a read-only folder, files that cannot be written or read, no
     // food database) remembers what it loaded, refuses edits and says so in the window.
     m_window->session().rememberLoadedRecords();

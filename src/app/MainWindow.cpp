@@ -87,11 +87,14 @@ MainWindow::MainWindow(model::Store& store, QWidget* parent)
         showPage(page);
         showStatus(QString());
     });
+    resize(1100, 720);
+}
 
+void MainWindow::showFirstPage()
+{
     // At start the food page is shown, whatever was shown in an earlier run.
     showPage(ui::PageId::Food);
     updateTitle();
-    resize(1100, 720);
 }
 
 MainWindow::~MainWindow() = default;

@@ -26,6 +26,9 @@ class MainWindow : public QMainWindow, public ui::AppContext
     Q_OBJECT
 
 public:
+    // Makes the shell (menus, tool bar, page buttons), which reads nothing of the store, so that
+    // it can be made while the files are still being loaded; showFirstPage() then shows the
+    // records.
     explicit MainWindow(model::Store& store, QWidget* parent = nullptr);
     ~MainWindow() override;
 
@@ -40,6 +43,8 @@ public:
     LeftForm* leftForm() const { return m_left; }
     PageHost* pageHost() const { return m_host; }
 
+    // Shows the food page and the title; the store must be loaded.
+    void showFirstPage();
     // Shows a page and selects its navigation button.
     void showPage(ui::PageId page);
     // The window title from the current user, e.g. "Example User - Velmora", with "(read-only)"

@@ -1,7 +1,6 @@
 #include "charts/PieChart.h"
 
 #include <QPainter>
-#include <QPixmap>
 
 namespace velmora::charts {
 
@@ -33,15 +32,10 @@ void PieChart::setTitle(const QString& title)
 
 void PieChart::paintEvent(QPaintEvent*)
 {
-    // Drawn off screen first and copied in one piece, so a repaint never flickers.
-    QPixmap buffer(size() * devicePixelRatioF());
-    buffer.setDevicePixelRatio(devicePixelRatioF());
-    {
-        QPainter p(&buffer);
-        paintTo(p);
-    }
-    QPainter screen(this);
-    screen.drawPixmap(0, 0, buffer);
+    // The window's backing store already composes every widget off screen before it is shown,
+    // so the pie is painted straight onto it without a flicker.
+    QPainter painter(this);
+    paintTo(painter);
 }
 
 } // namespace velmora::charts
