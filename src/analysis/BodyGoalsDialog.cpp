@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "analysis/QtText.h"
 #include "ui/AppContext.h"
 #include "model/Store.h"
 #include "ui/Messages.h"
@@ -23,7 +22,7 @@ BodyGoalsDialog::BodyGoalsDialog(ui::AppContext& context, QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     for (const char* text : {BodyGoalsIntroText, BodyGoalsProgressText}) {
-        auto* label = new QLabel(fromUtf8(text), this);
+        auto* label = new QLabel(QString::fromUtf8(text), this);
         label->setWordWrap(true);
         layout->addWidget(label);
     }
@@ -32,13 +31,13 @@ BodyGoalsDialog::BodyGoalsDialog(ui::AppContext& context, QWidget* parent)
     QFormLayout* form = nullptr;
     for (std::size_t i = 0; i < BodyGoalCount; ++i) {
         if (i == 0 || i == BodyGoalsLeftColumn) {
-            auto* column = new QGroupBox(fromUtf8(BodyGoalsColumnHeading), this);
+            auto* column = new QGroupBox(QString::fromUtf8(BodyGoalsColumnHeading), this);
             form = new QFormLayout(column);
             columns->addWidget(column, 0, Qt::AlignTop);
         }
-        m_boxes[i] = new QLineEdit(fromUtf8(texts[i]), this);
+        m_boxes[i] = new QLineEdit(QString::fromUtf8(texts[i]), this);
         m_boxes[i]->setObjectName(QStringLiteral("bodyGoal%1").arg(i));
-        form->addRow(fromUtf8(BodyGoalLabels[i]), m_boxes[i]);
+        form->addRow(QString::fromUtf8(BodyGoalLabels[i]), m_boxes[i]);
     }
     layout->addLayout(columns);
 

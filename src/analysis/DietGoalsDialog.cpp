@@ -19,7 +19,7 @@
 
 #include "analysis/BodyGoalsDialog.h"
 #include "analysis/DietPlannerDialog.h"
-#include "analysis/QtText.h"
+#include "ui/QtText.h"
 #include "analysis/logic/NumberText.h"
 #include "ui/AppContext.h"
 #include "model/Clock.h"
@@ -36,7 +36,7 @@ QComboBox* dropList(const std::array<const char*, N>& names, int current, QWidge
 {
     auto* box = new QComboBox(parent);
     for (const char* name : names)
-        box->addItem(fromUtf8(name));
+        box->addItem(QString::fromUtf8(name));
     box->setCurrentIndex(current >= 0 && current < static_cast<int>(N) ? current : 0);
     return box;
 }
@@ -65,7 +65,7 @@ DietGoalsDialog::DietGoalsDialog(ui::AppContext& context, QWidget* parent)
     // The need measured from the journal, with what it rests on or why there is none.
     m_measured = measuredEnergyNeed(store, model::CalendarDate::fromTime(model::now()));
     const bool measured = m_measured.status == MeasuredEnergyStatus::Measured;
-    const QString basis = fromUtf8(measuredEnergyBasis(m_measured));
+    const QString basis = QString::fromUtf8(measuredEnergyBasis(m_measured));
     m_measuredLabel = new QLabel(
         measured ? QStringLiteral("Measured from your journal: <b>%1 kcal</b> a day<br>"
                                   "<small>%2</small>")
@@ -121,12 +121,12 @@ QWidget* DietGoalsDialog::makePersonalInfo()
     const auto& names = store.shared.userNames;
     const std::string name =
         store.shared.currentUser < names.size() ? names[store.shared.currentUser] : std::string();
-    auto* heading = new QLabel(QStringLiteral("Personal information for %1").arg(fromStore(name)));
+    auto* heading = new QLabel(QStringLiteral("Personal information for %1").arg(ui::toQt(name)));
     heading->setObjectName(QStringLiteral("personalHeading"));
     layout->addWidget(heading);
 
     auto* form = new QFormLayout;
-    m_age = new QLineEdit(fromUtf8(numberBoxText(p.age)));
+    m_age = new QLineEdit(QString::fromUtf8(numberBoxText(p.age)));
     m_age->setObjectName(QStringLiteral("age"));
     form->addRow(QStringLiteral("Age:"), m_age);
 
@@ -134,7 +134,7 @@ QWidget* DietGoalsDialog::makePersonalInfo()
     m_gender->setObjectName(QStringLiteral("gender"));
     form->addRow(QStringLiteral("Gender:"), m_gender);
 
-    m_weight = new QLineEdit(fromUtf8(numberBoxText(p.weight)));
+    m_weight = new QLineEdit(QString::fromUtf8(numberBoxText(p.weight)));
     m_weight->setObjectName(QStringLiteral("weight"));
     auto* weightRow = new QHBoxLayout;
     weightRow->addWidget(m_weight);
@@ -207,7 +207,7 @@ QWidget* DietGoalsDialog::makeGrid()
     m_grid->setEditTriggers(QAbstractItemView::AllEditTriggers);
     const QColor grey(200, 200, 200);
     for (int row = 0; row < m_grid->rowCount(); ++row) {
-        auto* field = new QTableWidgetItem(fromUtf8(names[static_cast<std::size_t>(row)]));
+        auto* field = new QTableWidgetItem(QString::fromUtf8(names[static_cast<std::size_t>(row)]));
         field->setFlags(Qt::ItemIsEnabled);
         field->setBackground(grey);
         m_grid->setItem(row, 0, field);
@@ -252,7 +252,7 @@ void DietGoalsDialog::setGridCells(const std::vector<std::string>& cells)
 {
     for (int row = 0; row < m_grid->rowCount() && static_cast<std::size_t>(row) < cells.size();
          ++row)
-        m_grid->item(row, 1)->setText(fromUtf8(cells[static_cast<std::size_t>(row)]));
+        m_grid->item(row, 1)->setText(QString::fromUtf8(cells[static_cast<std::size_t>(row)]));
 }
 
 bool DietGoalsDialog::readProfile()

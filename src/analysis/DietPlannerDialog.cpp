@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "analysis/QtText.h"
 #include "analysis/logic/DietGoals.h"
 #include "analysis/logic/MeasuredEnergy.h"
 #include "analysis/logic/NumberText.h"
@@ -19,17 +18,6 @@
 namespace velmora::analysis {
 
 namespace {
-
-QDate toQDate(model::TimeT t)
-{
-    const model::CalendarDate d = model::CalendarDate::fromTime(t);
-    return QDate(d.year, d.month, d.day);
-}
-
-model::CalendarDate fromQDate(const QDate& d)
-{
-    return model::CalendarDate{d.year(), d.month(), d.day()};
-}
 
 QDateEdit* dateEdit(const QDate& date, bool metric, QWidget* parent)
 {
@@ -49,14 +37,16 @@ DietPlannerDialog::DietPlannerDialog(DietGoals& goals, QWidget* parent)
     const bool metric = goals.profile.metric;
     const bool planned = goals.plan.start != 0 && goals.plan.end > goals.plan.start;
     // Without a plan yet, offer ten weeks from today at the weight of the profile.
-    const QDate start = planned ? toQDate(goals.plan.start) : QDate::currentDate();
-    const QDate end = planned ? toQDate(goals.plan.end) : start.addDays(70);
+    const QDate start = planned ? ui::toQDate(model::CalendarDate::fromTime(goals.plan.start))
+                                : QDate::currentDate();
+    const QDate end =
+        planned ? ui::toQDate(model::CalendarDate::fromTime(goals.plan.end)) : start.addDays(70);
     const float startWeight = planned ? goals.plan.startWeight : goals.profile.weight;
     const float endWeight = planned ? goals.plan.endWeight : goals.profile.weight;
     const QString unit = metric ? QStringLiteral("kg") : QStringLiteral("lbs");
 
     auto weightRow = [&](QLineEdit*& box, float value, const QString& name) {
-        box = new QLineEdit(fromUtf8(numberBoxText(value)), this);
+        box = new QLineEdit(QString::fromUtf8(numberBoxText(value)), this);
         box->setObjectName(name);
         auto* row = new QHBoxLayout;
         row->addWidget(box);
@@ -85,7 +75,7 @@ DietPlannerDialog::DietPlannerDialog(DietGoals& goals, QWidget* parent)
 
     auto* info = new QGroupBox(QStringLiteral("Diet Information"), this);
     auto* infoLayout = new QVBoxLayout(info);
-    m_planText = new QLabel(fromUtf8(PlanPromptText), info);
+    m_planText = new QLabel(QString::fromUtf8(PlanPromptText), info);
     m_planText->setObjectName(QStringLiteral("planText"));
     m_difficultyText = new QLabel(info);
     m_difficultyText->setObjectName(QStringLiteral("difficultyText"));
@@ -125,8 +115,8 @@ DietPlannerDialog::DietPlannerDialog(DietGoals& goals, QWidget* parent)
 std::optional<DietPlanInput> DietPlannerDialog::readInput()
 {
     DietPlanInput in;
-    in.start = fromQDate(m_startDate->date());
-    in.end = fromQDate(m_endDate->date());
+    in.start = ui::fromQDate(m_startDate->date());
+    in.end = ui::fromQDate(m_endDate->date());
     in.metric = m_goals.profile.metric;
     for (auto [box, value] :
          {std::pair{m_startWeight, &in.startWeight}, std::pair{m_endWeight, &in.endWeight}}) {
@@ -152,14 +142,15 @@ void DietPlannerDialog::onCalculate()
     case PlanOutcome::Unchanged:
         return;
     case PlanOutcome::EndNotAfterStart:
-        ui::showMessageText(this, fromUtf8(PlanBadDatesText));
+        ui::showMessageText(this, QString::fromUtf8(PlanBadDatesText));
         return;
     case PlanOutcome::Planned:
-        m_planText->setText(fromUtf8(r.planText));
-        m_difficultyText->setText(fromUtf8(r.difficultyText));
+        m_planText->setText(QString::fromUtf8(r.planText));
+        m_difficultyText->setText(QString::fromUtf8(r.difficultyText));
         if (m_measuredNeed) {
             const int change = in->endWeight < in->startWeight ? -r.dailyChange : r.dailyChange;
-            m_measuredText->setText(fromUtf8(planAgainstMeasuredText(*m_measuredNeed, change)));
+            m_measuredText->setText(
+                QString::fromUtf8(planAgainstMeasuredText(*m_measuredNeed, change)));
             m_measuredText->show();
         }
         return;

@@ -5,7 +5,7 @@
 #include <QFormLayout>
 #include <QPushButton>
 
-#include "analysis/QtText.h"
+#include "ui/QtText.h"
 #include "model/Store.h"
 
 namespace velmora::analysis {
@@ -29,7 +29,7 @@ ExerciseFieldDialog::ExerciseFieldDialog(const model::Store& store, QWidget* par
     m_exercises = new QComboBox(this);
     m_exercises->setObjectName(QStringLiteral("exercise"));
     for (std::size_t i = 0; i < store.shared.exercises.size(); ++i)
-        m_exercises->addItem(fromStore(store.shared.exercises[i].name), static_cast<int>(i));
+        m_exercises->addItem(ui::toQt(store.shared.exercises[i].name), static_cast<int>(i));
     m_fields = new QComboBox(this);
     m_fields->setObjectName(QStringLiteral("field"));
 
@@ -58,7 +58,7 @@ void ExerciseFieldDialog::fillFields()
         return;
     for (std::int32_t id : e->fields)
         if (const model::ExerciseField* f = fieldById(m_store, id))
-            m_fields->addItem(fromStore(f->name), id);
+            m_fields->addItem(ui::toQt(f->name), id);
 }
 
 const model::Exercise* ExerciseFieldDialog::exercise() const

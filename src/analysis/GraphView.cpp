@@ -13,8 +13,6 @@
 #include <QPainter>
 #include <QValueAxis>
 
-#include "analysis/QtText.h"
-
 namespace velmora::analysis {
 
 namespace {
@@ -115,7 +113,7 @@ void GraphView::reset(const Series& base)
     m_rightAxes = 0;
 
     auto* x = new QDateTimeAxis;
-    x->setTitleText(fromUtf8(DateAxisLabel));
+    x->setTitleText(QString::fromUtf8(DateAxisLabel));
     x->setFormat(qtTimeFormat(DateAxisFormat));
     if (!base.points.empty()) {
         const double first = dateValue(base.points.front().date);
@@ -151,7 +149,7 @@ int GraphView::addCurve(const Series& series, const QColor& colour)
     QChart* c = chart();
     const bool time = series.axis == AxisKind::Time;
     auto* line = new QLineSeries;
-    line->setName(fromUtf8(series.label));
+    line->setName(QString::fromUtf8(series.label));
     line->setColor(colour);
     line->setPointsVisible(true);
     double low = 0.0, high = 0.0;

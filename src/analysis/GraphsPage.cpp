@@ -23,7 +23,7 @@
 #include "analysis/AnalysisPreview.h"
 #include "analysis/ExerciseFieldDialog.h"
 #include "analysis/GraphView.h"
-#include "analysis/QtText.h"
+#include "ui/QtText.h"
 #include "ui/DateLimits.h"
 #include "ui/AppContext.h"
 #include "model/Clock.h"
@@ -75,7 +75,8 @@ GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
     const std::array<const char*, 3> modeNames{"Nutrient Goals", "Diet Plan and Progress",
                                                "Advanced Graphing"};
     for (int i = 0; i < 3; ++i) {
-        auto* radio = new QRadioButton(fromUtf8(modeNames[static_cast<std::size_t>(i)]), this);
+        auto* radio =
+            new QRadioButton(QString::fromUtf8(modeNames[static_cast<std::size_t>(i)]), this);
         m_modes->addButton(radio, i);
         modes->addWidget(radio);
     }
@@ -95,8 +96,8 @@ GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
          {"Year", "the last year"},
          {"All", "every day of the journal"}}};
     for (std::size_t i = 0; i < ranges.size(); ++i) {
-        auto* button = new QPushButton(fromUtf8(ranges[i].first), this);
-        button->setToolTip(QStringLiteral("Graph %1").arg(fromUtf8(ranges[i].second)));
+        auto* button = new QPushButton(QString::fromUtf8(ranges[i].first), this);
+        button->setToolTip(QStringLiteral("Graph %1").arg(QString::fromUtf8(ranges[i].second)));
         button->setMaximumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 24);
         const auto range = static_cast<QuickRange>(i);
         connect(button, &QPushButton::clicked, this, [this, range] { onRange(range); });
@@ -127,8 +128,9 @@ GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
     m_table->setAlternatingRowColors(true);
     m_table->setUniformRowHeights(true);
     m_table->setColumnCount(4);
-    m_table->setHeaderLabels({fromUtf8(AnalysisHeadings[0]), fromUtf8(AnalysisHeadings[1]),
-                              fromUtf8(AnalysisHeadings[2]), fromUtf8(AnalysisHeadings[3])});
+    m_table->setHeaderLabels(
+        {QString::fromUtf8(AnalysisHeadings[0]), QString::fromUtf8(AnalysisHeadings[1]),
+         QString::fromUtf8(AnalysisHeadings[2]), QString::fromUtf8(AnalysisHeadings[3])});
     m_table->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_table->header()->setStretchLastSection(false);
     for (int c = 1; c < 4; ++c) {
@@ -143,7 +145,7 @@ GraphsPage::GraphsPage(ui::AppContext& context, QWidget* parent) : ui::Page(cont
     m_table->addAction(m_saveAnalysisPdf);
     connect(m_printAnalysis, &QAction::triggered, this, &GraphsPage::printAnalysis);
     connect(m_saveAnalysisPdf, &QAction::triggered, this, &GraphsPage::saveAnalysisPdf);
-    auto* note = new QLabel(fromUtf8(AnalysisPageNote), m_analysis);
+    auto* note = new QLabel(QString::fromUtf8(AnalysisPageNote), m_analysis);
     note->setObjectName(QStringLiteral("analysisNote"));
     analysisLayout->addWidget(m_analysisMessage);
     analysisLayout->addWidget(m_table, 1);
@@ -254,7 +256,7 @@ void GraphsPage::chooseMode(Mode mode)
         setDates(plan.from, plan.to);
         resetGraph();
         if (plan.state == DietPlanGraph::State::NoPlan) {
-            showText(fromUtf8(NoDietPlanText));
+            showText(QString::fromUtf8(NoDietPlanText));
             return;
         }
         if (plan.state != DietPlanGraph::State::Shown)
@@ -279,7 +281,7 @@ void GraphsPage::resetGraph()
     if (m_mode == Mode::NutrientGoals)
         return;
     if (!m_rangeValid)
-        showText(fromUtf8(InvalidRangeText));
+        showText(QString::fromUtf8(InvalidRangeText));
     else
         showGraphIfDrawn();
 }
@@ -304,7 +306,7 @@ void GraphsPage::addCurve(const std::optional<Series>& series, bool trendable)
     if (!m_rangeValid)
         return;
     if (!series) {
-        ui::showMessageText(this, fromUtf8(NotEnoughDataText));
+        ui::showMessageText(this, QString::fromUtf8(NotEnoughDataText));
         return;
     }
     const int n = static_cast<int>(m_shown.size());
@@ -363,13 +365,13 @@ void GraphsPage::rebuildAnalysis(bool askedByUser)
     m_table->clear();
     const AnalysisTable table = buildAnalysis(context().store(), from(), to());
     const bool notSet = table.state == AnalysisTable::State::GoalsNotSet;
-    m_analysisMessage->setText(notSet ? fromUtf8(GoalsNotSetText) : QString());
+    m_analysisMessage->setText(notSet ? QString::fromUtf8(GoalsNotSetText) : QString());
     m_analysisMessage->setVisible(notSet);
     QList<QTreeWidgetItem*> items;
     for (const AnalysisRow& row : table.rows) {
         auto* item = new QTreeWidgetItem;
         for (int c = 0; c < 4; ++c) {
-            item->setText(c, fromUtf8(row.cells[static_cast<std::size_t>(c)]));
+            item->setText(c, QString::fromUtf8(row.cells[static_cast<std::size_t>(c)]));
             if (c > 0)
                 item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
         }
@@ -378,7 +380,7 @@ void GraphsPage::rebuildAnalysis(bool askedByUser)
     m_table->addTopLevelItems(items);
     m_table->setUpdatesEnabled(true);
     if (notSet && askedByUser)
-        ui::showMessageText(this, fromUtf8(GoalsNotSetText));
+        ui::showMessageText(this, QString::fromUtf8(GoalsNotSetText));
 }
 
 void GraphsPage::onDatesChanged()
@@ -397,7 +399,7 @@ void GraphsPage::onNutrient()
     menu.setObjectName(QStringLiteral("nutrientMenu"));
     for (std::size_t i : catalogue.sortedByName()) {
         const model::NutrientDef& def = catalogue.entries()[i];
-        menu.addAction(fromStore(def.name))->setData(def.number);
+        menu.addAction(ui::toQt(def.name))->setData(def.number);
     }
     QAction* chosen = menu.exec(m_nutrient->mapToGlobal(QPoint(0, m_nutrient->height())));
     if (chosen == nullptr)
@@ -411,13 +413,12 @@ void GraphsPage::onHealth()
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("healthMenu"));
     for (std::size_t i = 0; i < HealthItemCount; ++i)
-        menu.addAction(fromUtf8(HealthItemNames[i]))->setData(static_cast<int>(i));
+        menu.addAction(QString::fromUtf8(HealthItemNames[i]))->setData(static_cast<int>(i));
     const auto& variables = store.shared.variables;
     if (!variables.empty())
         menu.addSeparator();
     for (std::size_t v = 0; v < variables.size(); ++v)
-        menu.addAction(fromStore(variables[v].name))
-            ->setData(static_cast<int>(HealthItemCount + v));
+        menu.addAction(ui::toQt(variables[v].name))->setData(static_cast<int>(HealthItemCount + v));
     QAction* chosen = menu.exec(m_health->mapToGlobal(QPoint(0, m_health->height())));
     if (chosen == nullptr)
         return;
@@ -453,7 +454,7 @@ void GraphsPage::printAnalysis()
 {
     const AnalysisReportContent report = analysisReport(context().store(), from(), to());
     if (report.table.state == AnalysisTable::State::GoalsNotSet) {
-        ui::showMessageText(this, fromUtf8(GoalsNotSetText));
+        ui::showMessageText(this, QString::fromUtf8(GoalsNotSetText));
         return;
     }
     previewAnalysisReport(this, report);
@@ -463,7 +464,7 @@ void GraphsPage::saveAnalysisPdf()
 {
     const AnalysisReportContent report = analysisReport(context().store(), from(), to());
     if (report.table.state == AnalysisTable::State::GoalsNotSet) {
-        ui::showMessageText(this, fromUtf8(GoalsNotSetText));
+        ui::showMessageText(this, QString::fromUtf8(GoalsNotSetText));
         return;
     }
     const QString path =

@@ -24,8 +24,8 @@
 #include "model/DateText.h"
 #include "model/SafeFile.h"
 #include "model/Store.h"
-#include "model/TextCodec.h"
 #include "ui/AppContext.h"
+#include "ui/QtText.h"
 #include "ui/SettingsKeys.h"
 
 namespace velmora::exchange {
@@ -79,7 +79,7 @@ QString fileText(const std::string& text)
     const QString utf8 = QString::fromUtf8(text);
     if (!utf8.contains(QChar::ReplacementCharacter))
         return utf8;
-    return QString::fromStdString(model::cp1252ToUtf8(text));
+    return ui::toQt(text);
 }
 
 } // namespace

@@ -33,7 +33,7 @@ DefineExercisesDialog::DefineExercisesDialog(ui::AppContext& context, QWidget* p
     m_fields = new QListWidget(this);
     m_fields->setObjectName(QStringLiteral("exerciseFields"));
     for (const model::ExerciseField& f : context.store().shared.fields) {
-        auto* item = new QListWidgetItem(fromRecord(f.name), m_fields);
+        auto* item = new QListWidgetItem(ui::toQt(f.name), m_fields);
         item->setData(Qt::UserRole, f.id);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Unchecked);
@@ -73,7 +73,7 @@ void DefineExercisesDialog::fillNames(int select)
 void DefineExercisesDialog::showExercise(int id)
 {
     const auto* exercise = definitionWithId(m_context.store().shared.exercises, id);
-    m_typed = exercise ? fromRecord(exercise->name) : QString();
+    m_typed = exercise ? ui::toQt(exercise->name) : QString();
     for (int r = 0; r < m_fields->count(); ++r) {
         QListWidgetItem* item = m_fields->item(r);
         const int field = item->data(Qt::UserRole).toInt();
@@ -90,7 +90,7 @@ void DefineExercisesDialog::storeShown()
         const QListWidgetItem* item = m_fields->item(r);
         rows.push_back({item->data(Qt::UserRole).toInt(), item->checkState() == Qt::Checked});
     }
-    const auto id = model::storeExercise(m_context.store().shared, toRecord(m_typed), rows);
+    const auto id = model::storeExercise(m_context.store().shared, ui::fromQt(m_typed), rows);
     if (!id)
         return;
     m_context.notifyChanged(ui::Change::Definitions);

@@ -70,7 +70,7 @@ void DefineFieldsDialog::showField(int id)
 {
     const auto* field = definitionWithId(m_context.store().shared.fields, id);
     m_shownId = field ? id : -1;
-    m_typed = field ? fromRecord(field->name) : QString();
+    m_typed = field ? ui::toQt(field->name) : QString();
     m_type->setCurrentIndex(field ? m_type->findData(field->kind) : 0);
     updateEnabling();
 }
@@ -80,7 +80,7 @@ void DefineFieldsDialog::storeShown()
     model::SharedData& shared = m_context.store().shared;
     std::string name;
     if (m_enteringNew)
-        name = toRecord(m_typed);
+        name = ui::fromQt(m_typed);
     else if (const auto* field = definitionWithId(shared.fields, m_shownId))
         name = field->name;
     else
@@ -126,7 +126,7 @@ void DefineFieldsDialog::onDelete()
     if (!ui::confirmDelete(this, ui::MsgDeleteField))
         return;
     // The field of exactly the shown name goes, with every reference to it.
-    if (model::deleteField(m_context.store(), toRecord(m_typed)))
+    if (model::deleteField(m_context.store(), ui::fromQt(m_typed)))
         m_context.notifyChanged(ui::Change::Definitions);
     m_enteringNew = false;
     fillNames(-1);

@@ -49,7 +49,7 @@ DefineRoutinesDialog::DefineRoutinesDialog(ui::AppContext& context, QWidget* par
     m_defined->setObjectName(QStringLiteral("definedExercises"));
     m_defined->setSortingEnabled(true);
     for (const model::Exercise& e : context.store().shared.exercises) {
-        auto* item = new QListWidgetItem(fromRecord(e.name), m_defined);
+        auto* item = new QListWidgetItem(ui::toQt(e.name), m_defined);
         item->setData(IdRole, e.id);
     }
     m_contents = new QListWidget(this);
@@ -137,13 +137,13 @@ void DefineRoutinesDialog::showRoutine(int id)
 {
     const model::SharedData& shared = m_context.store().shared;
     const auto* routine = definitionWithId(shared.routines, id);
-    m_typed = routine ? fromRecord(routine->name) : QString();
+    m_typed = routine ? ui::toQt(routine->name) : QString();
     m_calories->setText(QString::number(routine ? routine->calories : 0));
     m_contents->clear();
     if (routine)
         for (std::int32_t e : routine->exercises)
             if (const auto* exercise = definitionWithId(shared.exercises, e)) {
-                auto* item = new QListWidgetItem(fromRecord(exercise->name), m_contents);
+                auto* item = new QListWidgetItem(ui::toQt(exercise->name), m_contents);
                 item->setData(IdRole, e);
             }
     updateButtons();
@@ -162,7 +162,7 @@ bool DefineRoutinesDialog::storeShown()
     for (int r = 0; r < m_contents->count(); ++r)
         exercises.push_back(m_contents->item(r)->data(IdRole).toInt());
     const auto id =
-        model::storeRoutine(m_context.store().shared, toRecord(m_typed), exercises, *calories);
+        model::storeRoutine(m_context.store().shared, ui::fromQt(m_typed), exercises, *calories);
     if (id) {
         m_context.notifyChanged(ui::Change::Definitions);
         fillNames(*id);

@@ -94,14 +94,14 @@ DefineVariableDialog::DefineVariableDialog(ui::AppContext& context, QWidget* par
         if (m_showing || !readForm())
             return;
         setAskNumber(m_form, on);
-        m_number->setText(fromUtf8(valueEditText(m_form.number)));
+        m_number->setText(QString::fromUtf8(valueEditText(m_form.number)));
         updateEnabling();
     });
     connect(m_askText, &QRadioButton::toggled, this, [this](bool on) {
         if (m_showing || !readForm())
             return;
         setAskText(m_form, on);
-        m_text->setText(fromRecord(m_form.text));
+        m_text->setText(ui::toQt(m_form.text));
         updateEnabling();
     });
     connect(m_askTime, &QRadioButton::toggled, this, [this] {
@@ -128,11 +128,11 @@ void DefineVariableDialog::showDefinition(std::int32_t id)
 {
     const auto* definition = definitionWithId(m_context.store().shared.variables, id);
     m_shownId = definition ? id : -1;
-    m_typed = definition ? fromRecord(definition->name) : QString();
+    m_typed = definition ? ui::toQt(definition->name) : QString();
     m_form = variableForm(definition, QDateTime::currentSecsSinceEpoch());
     m_showing = true;
-    m_number->setText(fromUtf8(valueEditText(m_form.number)));
-    m_text->setText(fromRecord(m_form.text));
+    m_number->setText(QString::fromUtf8(valueEditText(m_form.number)));
+    m_text->setText(ui::toQt(m_form.text));
     (m_form.ask.number ? m_askNumber : m_lockNumber)->setChecked(true);
     (m_form.ask.text ? m_askText : m_lockText)->setChecked(true);
     (m_form.ask.time ? m_askTime : m_ignoreTime)->setChecked(true);
@@ -150,7 +150,7 @@ bool DefineVariableDialog::readForm()
         return false;
     }
     m_form.number = static_cast<float>(*number);
-    m_form.text = toRecord(m_text->text());
+    m_form.text = ui::fromQt(m_text->text());
     m_form.ask = {m_askNumber->isChecked(), m_askText->isChecked(), m_askTime->isChecked()};
     return true;
 }
@@ -163,7 +163,7 @@ bool DefineVariableDialog::storeShown()
     // A new variable takes the typed name; an existing one is stored under its own name.
     std::string name;
     if (m_enteringNew)
-        name = toRecord(m_typed);
+        name = ui::fromQt(m_typed);
     else if (const auto* shown = definitionWithId(store.shared.variables, m_shownId))
         name = shown->name;
     const auto id = model::storeVariable(store.shared, name, m_form);

@@ -24,7 +24,7 @@ void fillDefinitionNames(QComboBox* combo, const std::vector<Definition>& list,
     const QSignalBlocker block(combo);
     combo->clear();
     for (const Definition* d : sorted)
-        combo->addItem(fromRecord(d->name), d->id);
+        combo->addItem(ui::toQt(d->name), d->id);
     combo->setCurrentIndex(combo->findData(select));
     if (combo->currentIndex() < 0)
         combo->setEditText(QString());

@@ -92,7 +92,7 @@ DoRoutineDialog::DoRoutineDialog(ui::AppContext& context, model::WorkoutEntry wo
     m_calories = new QLineEdit(QString::number(m_workout.calories), this);
     m_calories->setObjectName(QStringLiteral("calories"));
     auto* estimate = new QPushButton(QStringLiteral("<- E&stimate"), this);
-    m_notes = new QPlainTextEdit(fromRecord(m_workout.notes), this);
+    m_notes = new QPlainTextEdit(ui::toQt(m_workout.notes), this);
     m_notes->setObjectName(QStringLiteral("routineNotes"));
     m_notes->setTabChangesFocus(true);
     m_notes->setMaximumHeight(70);
@@ -183,7 +183,7 @@ void DoRoutineDialog::fillSets()
     m_sets->clear();
     for (const model::ExerciseRecord& set : m_workout.exercises) {
         const auto* exercise = definitionWithId(shared.exercises, set.exercise);
-        m_sets->addItem(exercise ? fromRecord(exercise->name) : QString());
+        m_sets->addItem(exercise ? ui::toQt(exercise->name) : QString());
     }
     m_updating = false;
 }
@@ -219,7 +219,8 @@ void DoRoutineDialog::showGrid()
     const model::Store& store = m_context.store();
     if (m_shownSet && *m_shownSet < m_workout.exercises.size()) {
         m_grid = valueGrid(store.shared, store.journal, m_workout, *m_shownSet, m_exclude);
-        m_heading->setText(fromUtf8(setHeading(store.shared, m_workout.exercises[*m_shownSet])));
+        m_heading->setText(
+            QString::fromUtf8(setHeading(store.shared, m_workout.exercises[*m_shownSet])));
     } else {
         m_grid.clear();
         m_heading->clear();
@@ -227,12 +228,12 @@ void DoRoutineDialog::showGrid()
     m_table->setRowCount(static_cast<int>(m_grid.size()));
     for (int r = 0; r < static_cast<int>(m_grid.size()); ++r) {
         const GridRow& row = m_grid[static_cast<std::size_t>(r)];
-        auto* name = new QTableWidgetItem(fromUtf8(row.name));
+        auto* name = new QTableWidgetItem(QString::fromUtf8(row.name));
         name->setFlags(Qt::ItemIsEnabled);
         name->setBackground(colourOf(FieldCellColour));
-        auto* value = new QTableWidgetItem(fromUtf8(row.value));
+        auto* value = new QTableWidgetItem(QString::fromUtf8(row.value));
         value->setData(KindRole, static_cast<int>(row.kind));
-        auto* last = new QTableWidgetItem(fromUtf8(row.last));
+        auto* last = new QTableWidgetItem(QString::fromUtf8(row.last));
         last->setFlags(Qt::ItemIsEnabled);
         last->setBackground(colourOf(row.lastColour));
         m_table->setItem(r, 0, name);
@@ -290,7 +291,7 @@ void DoRoutineDialog::onAdd()
     const model::SharedData& shared = m_context.store().shared;
     QMenu menu(this);
     for (const model::Exercise& e : shared.exercises)
-        menu.addAction(fromRecord(e.name))->setData(e.id);
+        menu.addAction(ui::toQt(e.name))->setData(e.id);
     const QPoint at =
         m_add->underMouse() ? QCursor::pos() : m_add->mapToGlobal(QPoint(0, m_add->height()));
     QAction* chosen = menu.exec(at);
@@ -323,7 +324,7 @@ void DoRoutineDialog::onEstimate()
 void DoRoutineDialog::onPreviousNotes()
 {
     m_notes->setPlainText(
-        fromRecord(previousNotes(m_context.store().journal, m_workout.routine, m_exclude)));
+        ui::toQt(previousNotes(m_context.store().journal, m_workout.routine, m_exclude)));
 }
 
 void DoRoutineDialog::accept()
@@ -340,7 +341,7 @@ void DoRoutineDialog::accept()
     m_workout.time =
         workoutTime(fromQDate(m_date->date()), time.hour(), time.minute(), time.second());
     m_workout.calories = *calories;
-    m_workout.notes = toRecord(m_notes->toPlainText());
+    m_workout.notes = ui::fromQt(m_notes->toPlainText());
     QDialog::accept();
 }
 

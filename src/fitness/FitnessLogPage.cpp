@@ -119,7 +119,7 @@ void FitnessLogPage::setUpColumns()
     QStringList headers{QStringLiteral("Date")};
     for (std::int32_t field : fitnessColumns(user)) {
         const auto* f = definitionWithId(store.shared.fields, field);
-        headers << (f ? fromRecord(f->name) : QString());
+        headers << (f ? ui::toQt(f->name) : QString());
     }
     m_tree->setColumnCount(static_cast<int>(headers.size()));
     m_tree->setHeaderLabels(headers);
@@ -153,9 +153,9 @@ void FitnessLogPage::rebuild()
             item = new QTreeWidgetItem(workout);
             break;
         }
-        item->setText(0, fromUtf8(row.label));
+        item->setText(0, QString::fromUtf8(row.label));
         for (std::size_t c = 0; c < row.cells.size(); ++c)
-            item->setText(static_cast<int>(c) + 1, fromUtf8(row.cells[c]));
+            item->setText(static_cast<int>(c) + 1, QString::fromUtf8(row.cells[c]));
         item->setData(0, DayRole, static_cast<qulonglong>(row.ref.day));
         item->setData(0, WorkoutRole, row.ref.workout);
         item->setData(0, SetRole, row.ref.set);
@@ -215,8 +215,8 @@ void FitnessLogPage::updateButtons()
                                                       "Routines...\""));
     const model::Store& store = context().store();
     const auto ref = selectedRef();
-    context().showStatus(ref ? fromUtf8(fitnessStatusText(store.shared, store.journal, *ref))
-                             : QString());
+    context().showStatus(
+        ref ? QString::fromUtf8(fitnessStatusText(store.shared, store.journal, *ref)) : QString());
 }
 
 void FitnessLogPage::onDoRoutine()
@@ -224,7 +224,7 @@ void FitnessLogPage::onDoRoutine()
     const model::SharedData& shared = context().store().shared;
     QMenu menu(this);
     for (const model::Routine& r : shared.routines)
-        menu.addAction(fromRecord(r.name))->setData(r.id);
+        menu.addAction(ui::toQt(r.name))->setData(r.id);
     // From the keyboard the menu opens at the button, from the mouse at the cursor.
     const QPoint at = m_doRoutine->underMouse()
                           ? QCursor::pos()
@@ -273,7 +273,7 @@ void FitnessLogPage::onColumns()
     const model::Store& store = context().store();
     std::vector<std::pair<QString, int>> items;
     for (const model::ExerciseField& f : store.shared.fields)
-        items.emplace_back(fromRecord(f.name), f.id);
+        items.emplace_back(ui::toQt(f.name), f.id);
     std::array<int, 10> chosen{};
     for (std::size_t i = 0; i < chosen.size(); ++i)
         chosen[i] = store.journal.user.fitnessColumns[i];

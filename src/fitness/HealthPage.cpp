@@ -339,15 +339,15 @@ void HealthPage::showEntry()
 {
     const bool isMetric = metric();
     const HeightFields height = heightFields(m_entry.height, isMetric);
-    m_heightFirst->setText(fromUtf8(valueEditText(height.first)));
-    m_heightInches->setText(fromUtf8(valueEditText(height.second)));
+    m_heightFirst->setText(QString::fromUtf8(valueEditText(height.first)));
+    m_heightInches->setText(QString::fromUtf8(valueEditText(height.second)));
     const float values[ValueCount] = {m_entry.weight, m_entry.systolic, m_entry.diastolic,
                                       m_entry.sleep,  m_entry.pulse,    m_entry.bodyFat,
                                       m_entry.bmi,    m_entry.vo2Max,   m_entry.temperature};
     for (int v = 0; v < ValueCount; ++v)
-        m_values[v]->setText(fromUtf8(valueEditText(values[v])));
+        m_values[v]->setText(QString::fromUtf8(valueEditText(values[v])));
     if (m_entry.bmi != 0.0f)
-        m_values[Bmi]->setText(fromUtf8(bmiText(m_entry.bmi)));
+        m_values[Bmi]->setText(QString::fromUtf8(bmiText(m_entry.bmi)));
     m_mood->setCurrentIndex(m_entry.mood >= 0 && m_entry.mood < MoodCount ? m_entry.mood
                                                                           : DefaultMood);
     m_wake->setTime(m_entry.wakeTime == 0 ? QTime(0, 0)
@@ -362,7 +362,7 @@ void HealthPage::fillPreviousEntries()
     m_previous->clear();
     for (std::size_t day : days) {
         auto* item = new QListWidgetItem(
-            fromUtf8(listDateText(journal.user, journal.days[day].date)), m_previous);
+            QString::fromUtf8(listDateText(journal.user, journal.days[day].date)), m_previous);
         item->setData(DayRole, static_cast<qulonglong>(day));
     }
     if (const auto line = lineOfDate(journal, days, m_shown))
@@ -379,7 +379,7 @@ void HealthPage::rebuildVariables()
         auto* item = new QTreeWidgetItem(m_variables);
         const std::string* texts[] = {&row.name, &row.number, &row.text, &row.time};
         for (int c = 0; c < 4; ++c) {
-            item->setText(c, fromUtf8(*texts[c]));
+            item->setText(c, QString::fromUtf8(*texts[c]));
             item->setTextAlignment(c, Qt::AlignCenter);
         }
         item->setData(0, UseRole, row.itemData);
@@ -429,7 +429,7 @@ void HealthPage::onCalc()
     if (!bmi)
         return;
     m_entry.bmi = static_cast<float>(*bmi);
-    m_values[Bmi]->setText(fromUtf8(bmiText(*bmi)));
+    m_values[Bmi]->setText(QString::fromUtf8(bmiText(*bmi)));
 }
 
 void HealthPage::onPreviousValues()
@@ -462,7 +462,7 @@ void HealthPage::onAddVariable()
     const model::Store& store = context().store();
     QMenu menu(this);
     for (const model::UserVariable& v : store.shared.variables)
-        menu.addAction(fromRecord(v.name))->setData(v.id);
+        menu.addAction(ui::toQt(v.name))->setData(v.id);
     // From the keyboard the menu opens at the button, from the mouse at the cursor.
     const QPoint at =
         m_add->underMouse() ? QCursor::pos() : m_add->mapToGlobal(QPoint(0, m_add->height()));

@@ -23,9 +23,10 @@ MeasurementsDialog::MeasurementsDialog(const model::User& user, const model::Hea
         const MeasurementRow& row = MeasurementRows[static_cast<std::size_t>(r)];
         const auto& edit = m_edits[static_cast<std::size_t>(r)];
         auto* label = new QLabel(QString::fromLatin1(row.label), this);
-        auto* left = new QLineEdit(fromUtf8(valueEditText(edit.left)), this);
+        auto* left = new QLineEdit(QString::fromUtf8(valueEditText(edit.left)), this);
         left->setObjectName(QStringLiteral("measurement%1").arg(r));
-        auto* goal = new QLineEdit(fromUtf8(valueEditText(measurementGoal(user, row))), this);
+        auto* goal =
+            new QLineEdit(QString::fromUtf8(valueEditText(measurementGoal(user, row))), this);
         goal->setReadOnly(true);
         goal->setFocusPolicy(Qt::NoFocus);
         m_left[static_cast<std::size_t>(r)] = left;
@@ -40,7 +41,7 @@ MeasurementsDialog::MeasurementsDialog(const model::User& user, const model::Hea
         grid->addWidget(new QLabel(QStringLiteral("Goal:"), this), r, 3);
         grid->addWidget(goal, r, 4);
         if (row.pair) {
-            auto* right = new QLineEdit(fromUtf8(valueEditText(edit.right)), this);
+            auto* right = new QLineEdit(QString::fromUtf8(valueEditText(edit.right)), this);
             right->setObjectName(QStringLiteral("measurementRight%1").arg(r));
             auto* rightLabel = new QLabel(QStringLiteral("Right:"), this);
             rightLabel->setBuddy(right);

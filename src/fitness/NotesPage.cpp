@@ -91,7 +91,7 @@ void NotesPage::refreshPage()
 void NotesPage::storePage()
 {
     if (model::storeNote(context().store().journal, m_shownDate, m_shownCategory,
-                         toRecord(m_note->toPlainText())))
+                         ui::fromQt(m_note->toPlainText())))
         context().notifyChanged(ui::Change::Journal);
 }
 
@@ -102,7 +102,7 @@ void NotesPage::showNote(const model::CalendarDate& date, int category)
     m_showing = true;
     m_date->setDate(toQDate(date));
     m_category->setCurrentIndex(category);
-    m_note->setPlainText(fromRecord(noteOf(context().store().journal, date, category)));
+    m_note->setPlainText(ui::toQt(noteOf(context().store().journal, date, category)));
     m_showing = false;
     m_clear->setEnabled(!m_note->toPlainText().isEmpty());
     fillPreviousEntries();
@@ -115,7 +115,7 @@ void NotesPage::fillPreviousEntries()
     m_previous->clear();
     for (std::size_t day : days) {
         auto* item = new QListWidgetItem(
-            fromUtf8(listDateText(journal.user, journal.days[day].date)), m_previous);
+            QString::fromUtf8(listDateText(journal.user, journal.days[day].date)), m_previous);
         item->setData(DayRole, static_cast<qulonglong>(day));
     }
     if (const auto line = lineOfDate(journal, days, m_shownDate))

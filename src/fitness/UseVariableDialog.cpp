@@ -22,15 +22,15 @@ UseVariableDialog::UseVariableDialog(const model::UserVariable& definition, bool
 {
     setWindowTitle(QStringLiteral("Use Variable"));
     const model::AskedParts asked = askedParts(definition);
-    auto* heading = new QLabel(fromRecord(definition.name), this);
+    auto* heading = new QLabel(ui::toQt(definition.name), this);
     QFont font = heading->font();
     font.setBold(true);
     heading->setFont(font);
 
-    m_number = new QLineEdit(fromUtf8(valueEditText(definition.number)), this);
+    m_number = new QLineEdit(QString::fromUtf8(valueEditText(definition.number)), this);
     m_number->setObjectName(QStringLiteral("useNumber"));
     m_number->setEnabled(asked.number);
-    m_text = new QLineEdit(fromRecord(definition.text), this);
+    m_text = new QLineEdit(ui::toQt(definition.text), this);
     m_text->setObjectName(QStringLiteral("useText"));
     m_text->setEnabled(asked.text);
     m_time = new QDateTimeEdit(QDateTime::fromSecsSinceEpoch(definition.time).time(), this);
@@ -65,7 +65,7 @@ void UseVariableDialog::accept()
     // The time of day asked for, on the day of the definition's stored time.
     QDateTime time = QDateTime::fromSecsSinceEpoch(m_definition.time);
     time.setTime(m_time->time());
-    m_use = useFromDialog(m_definition, static_cast<float>(*number), toRecord(m_text->text()),
+    m_use = useFromDialog(m_definition, static_cast<float>(*number), ui::fromQt(m_text->text()),
                           time.toSecsSinceEpoch());
     QDialog::accept();
 }

@@ -8,9 +8,9 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
-#include "analysis/QtText.h"
 #include "analysis/logic/ReportPages.h"
 #include "model/Store.h"
+#include "model/TextCodec.h"
 
 namespace velmora::analysis {
 
@@ -79,8 +79,8 @@ AnalysisReportContent analysisReport(const model::Store& store, model::CalendarD
     const std::string name =
         store.shared.currentUser < names.size() ? names[store.shared.currentUser] : std::string();
     AnalysisReportContent report;
-    report.title =
-        fromUtf8(reportTitle(model::cp1252ToUtf8(name), from, to, store.journal.user.isMetric()));
+    report.title = QString::fromUtf8(
+        reportTitle(model::cp1252ToUtf8(name), from, to, store.journal.user.isMetric()));
     report.table = buildAnalysis(store, from, to);
     return report;
 }
@@ -93,8 +93,8 @@ int paintAnalysisReport(QPainter& painter, QPagedPaintDevice& device,
     const auto pages =
         paginateReport(rows.size(), layout.rowsFitting(true), layout.rowsFitting(false));
     const std::array<QString, 4> headings{
-        fromUtf8(AnalysisHeadings[0]), fromUtf8(AnalysisHeadings[1]), fromUtf8(AnalysisHeadings[2]),
-        fromUtf8(AnalysisHeadings[3])};
+        QString::fromUtf8(AnalysisHeadings[0]), QString::fromUtf8(AnalysisHeadings[1]),
+        QString::fromUtf8(AnalysisHeadings[2]), QString::fromUtf8(AnalysisHeadings[3])};
     const QPen rule(Qt::black, std::max(1.0, device.logicalDpiX() / 150.0));
 
     for (const ReportPage& page : pages) {
@@ -120,7 +120,7 @@ int paintAnalysisReport(QPainter& painter, QPagedPaintDevice& device,
         painter.setPen(Qt::black);
         if (report.table.state == AnalysisTable::State::GoalsNotSet) {
             painter.drawText(QRectF(0, y, layout.width, layout.rowHeight * 2),
-                             Qt::AlignLeft | Qt::AlignVCenter, fromUtf8(GoalsNotSetText));
+                             Qt::AlignLeft | Qt::AlignVCenter, QString::fromUtf8(GoalsNotSetText));
         }
         for (std::size_t r = page.firstRow; r < page.firstRow + page.rowCount; ++r) {
             // Every other row lightly shaded, so a long line is easy to follow across.
@@ -128,9 +128,9 @@ int paintAnalysisReport(QPainter& painter, QPagedPaintDevice& device,
                 painter.fillRect(QRectF(0, y, layout.width, layout.rowHeight),
                                  QColor(238, 238, 238));
             const auto& cells = rows[r].cells;
-            paintCells(
-                painter, layout, y, layout.rowHeight,
-                {fromUtf8(cells[0]), fromUtf8(cells[1]), fromUtf8(cells[2]), fromUtf8(cells[3])});
+            paintCells(painter, layout, y, layout.rowHeight,
+                       {QString::fromUtf8(cells[0]), QString::fromUtf8(cells[1]),
+                        QString::fromUtf8(cells[2]), QString::fromUtf8(cells[3])});
             y += layout.rowHeight;
         }
 
@@ -140,8 +140,8 @@ int paintAnalysisReport(QPainter& painter, QPagedPaintDevice& device,
         painter.setPen(Qt::black);
         painter.setFont(layout.footFont);
         const QRectF foot(0, footTop, layout.width, layout.footHeight);
-        painter.drawText(foot, Qt::AlignLeft | Qt::AlignVCenter, fromUtf8(ReportFootnote));
-        painter.drawText(foot, Qt::AlignRight | Qt::AlignVCenter, fromUtf8(page.pageText));
+        painter.drawText(foot, Qt::AlignLeft | Qt::AlignVCenter, QString::fromUtf8(ReportFootnote));
+        painter.drawText(foot, Qt::AlignRight | Qt::AlignVCenter, QString::fromUtf8(page.pageText));
     }
     return static_cast<int>(pages.size());
 }
